@@ -1,0 +1,98 @@
+#include "Options.h"
+
+#include <cctype>
+#include <string_view>
+
+namespace app {
+
+namespace {
+
+bool isSceneFile(std::string_view path) {
+    if (path.size() < 3) return false;
+    const std::string_view suffix = path.substr(path.size() - 3);
+    return suffix[0] == '.' && std::tolower(static_cast<unsigned char>(suffix[1])) == 'm' &&
+           std::tolower(static_cast<unsigned char>(suffix[2])) == 'a';
+}
+
+} // namespace
+
+bool parseOptions(int argc, const char* const* argv, Options& options, std::string& error) {
+    bool optionsEnded = false;
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view arg = argv[i];
+        if (optionsEnded || arg.size() < 2 || arg[0] != '-') {
+            const auto kind = isSceneFile(arg) ? Input::Kind::Scene : Input::Kind::Script;
+            options.inputs.push_back({kind, std::string(arg)});
+        } else if (arg == "--") {
+            optionsEnded = true;
+        } else if (arg == "-h" || arg == "--help") {
+            options.help = true;
+        } else if (arg == "--json") {
+            options.json = true;
+        } else if (arg == "--keep-going") {
+            options.keepGoing = true;
+        } else if (arg == "-c") {
+            if (++i == argc) {
+                error = "-c needs the commands to run, e.g. -c \"ls -type mesh\"";
+                return false;
+            }
+            options.inputs.push_back({Input::Kind::Commands, argv[i]});
+        } else {
+            error = "unknown option " + std::string(arg) + " (see talven --help)";
+            return false;
+        }
+    }
+    return true;
+}
+
+std::string helpText() {
+    return R"(talven - run Talven blend-shape commands without Maya
+
+Usage:
+  talven [options] [inputs...]
+
+Inputs run in the order given:
+  scene.ma          a Maya ASCII scene, opened as by  file -f -o "scene.ma"
+  script.mel        any other file: a script of commands, run statement by statement
+  -c "commands"     command text given on the command line
+
+With no inputs, talven reads commands from standard input: an interactive shell when it is a
+terminal (prompt "talven> ", history in ~/.talven_history, "quit", "exit" or Ctrl-D to leave),
+otherwise a script.
+
+Options:
+  -c <commands>     run the given commands (may be repeated and mixed with files)
+  --json            print one JSON object per statement instead of script-editor text
+  --keep-going      do not stop at the first command that fails
+  -h, --help        print this help and exit
+  --                treat every following argument as a file, even if it starts with '-'
+
+Commands:
+  Statements look like  command -flag value ... ;  Words are separated by blanks, strings are
+  "double-quoted" (escapes \" \\ \n \t \r), // and /* */ are comments, and a statement may span
+  lines. In the shell a statement runs once it ends with ';' (an empty line runs it anyway).
+
+Output:
+  Script-editor text (default): messages appear as they are issued, results after each command:
+      // Result: 0 1 5 //
+      // Warning: ... //
+      // Error: ... //
+      information lines as they are
+  JSON (--json): one line per statement:
+      {"command": "...", "ok": true, "result": <number|string|bool|array|null>,
+       "messages": [{"kind": "error"|"warning"|"info", "text": "..."}]}
+
+Exit status:
+  0  every command succeeded (warnings and errors printed by a succeeding command do not count)
+  1  a command returned a failure status; the run stops there unless --keep-going is given
+  2  bad arguments, an unreadable input file, or the session could not start
+
+Examples:
+  talven face.ma -c "kv_getBlendShapeIndices blendShape1"
+  talven face.ma fix_weights.mel -c "file -s"
+  talven --json --keep-going face.ma checks.mel > report.jsonl
+  echo "polyCube; ls -type mesh;" | talven
+)";
+}
+
+} // namespace app

@@ -1,0 +1,4 @@
+#pragma once
+#include <maya/MArrayBase.h>
+
+MHOST_ARRAY_CLASS(MFloatArray, float);

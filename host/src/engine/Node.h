@@ -1,0 +1,82 @@
+#pragma once
+// A node of the scene: its type, name, attribute values, dynamic attributes, aliases and its place
+// in the DAG. Nodes are shared so that handles held by commands stay safe after a delete: a deleted
+// node is marked dead and refuses every operation.
+#include "engine/NodeType.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace host {
+
+struct MeshData;
+
+class Node : public std::enable_shared_from_this<Node> {
+public:
+    Node(uint64_t id, const NodeType* type, std::string name) : id_(id), type_(type), name_(std::move(name)) {}
+
+    uint64_t id() const { return id_; }
+    const NodeType& type() const { return *type_; }
+    const std::string& name() const { return name_; }
+    void setName(std::string name) { name_ = std::move(name); }
+    bool alive() const { return alive_; }
+    void kill() { alive_ = false; }
+    bool isDag() const { return type_->dag || dagInstance_; }
+    void makeDag() { dagInstance_ = true; }
+
+    // Attributes: static ones by the type's index, then dynamic ones.
+    const AttrSpec* findAttr(const std::string& name) const;
+    std::size_t attrCount() const { return type_->attrs.size() + dynamicAttrs_.size(); }
+    const AttrSpec* attrAt(std::size_t index) const;
+    // Adds a dynamic attribute; false when the name (long or short) is taken.
+    bool addDynamicAttr(AttrPtr attr);
+    bool removeDynamicAttr(const AttrSpec* attr);
+    const std::vector<AttrPtr>& dynamicAttrs() const { return dynamicAttrs_; }
+    // Attributes made up for generic nodes when a file sets one the type does not know.
+    const AttrSpec* obtainGenericAttr(const std::string& name, bool multi);
+
+    // The value storage of a top-level attribute.
+    Slot& topSlot(const AttrSpec* attr);
+    const Slot* topSlotIfAny(const AttrSpec* attr) const;
+
+    // Aliases (aliasAttr): alias name -> attribute text such as "w[0]".
+    std::vector<std::pair<std::string, std::string>>& aliases() { return aliases_; }
+    const std::vector<std::pair<std::string, std::string>>& aliases() const { return aliases_; }
+
+    // DAG
+    Node* parent() const { return parent_; }
+    const std::vector<Node*>& children() const { return children_; }
+    void setParent(Node* parent);
+
+    // Mesh geometry for mesh shapes (null for other nodes).
+    std::shared_ptr<MeshData>& mesh() { return mesh_; }
+    const std::shared_ptr<MeshData>& mesh() const { return mesh_; }
+
+    uint64_t version() const { return version_; }
+    void touch() { ++version_; }
+
+    bool lockedNode = false;
+
+private:
+    uint64_t id_;
+    const NodeType* type_;
+    std::string name_;
+    bool alive_ = true;
+    bool dagInstance_ = false;
+    Slot root_;
+    std::vector<AttrPtr> dynamicAttrs_;
+    std::unordered_map<std::string, const AttrSpec*> dynamicByName_;
+    std::vector<std::pair<std::string, std::string>> aliases_;
+    Node* parent_ = nullptr;
+    std::vector<Node*> children_;
+    std::shared_ptr<MeshData> mesh_;
+    uint64_t version_ = 0;
+};
+
+using NodePtr = std::shared_ptr<Node>;
+
+} // namespace host

@@ -1,0 +1,128 @@
+#pragma once
+// The elements of a multi attribute: values by logical index, kept in ascending index order so
+// physical positions are array positions. Appending in ascending order is O(1); out-of-order
+// inserts are gathered in a side buffer and merged in one sort when positions are next needed, so
+// writing a million elements in any order stays n log n.
+#include <algorithm>
+#include <cstdint>
+#include <numeric>
+#include <unordered_map>
+#include <vector>
+
+namespace host {
+
+template <class T> class SparseArray {
+public:
+    std::size_t size() const { return keys_.size() + pendingKeys_.size(); }
+    bool empty() const { return size() == 0; }
+
+    T* find(uint32_t key) {
+        auto it = std::lower_bound(keys_.begin(), keys_.end(), key);
+        if (it != keys_.end() && *it == key) return &values_[static_cast<std::size_t>(it - keys_.begin())];
+        if (pendingKeys_.empty()) return nullptr;
+        auto p = pendingIndex_.find(key);
+        return p == pendingIndex_.end() ? nullptr : &pendingValues_[p->second];
+    }
+    const T* find(uint32_t key) const { return const_cast<SparseArray*>(this)->find(key); }
+
+    // The element at `key`, created (default value) when missing.
+    T& obtain(uint32_t key) {
+        if (T* existing = find(key)) return *existing;
+        if (pendingKeys_.empty() && (keys_.empty() || key > keys_.back())) {
+            keys_.push_back(key);
+            values_.emplace_back();
+            return values_.back();
+        }
+        pendingIndex_.emplace(key, pendingKeys_.size());
+        pendingKeys_.push_back(key);
+        pendingValues_.emplace_back();
+        return pendingValues_.back();
+    }
+
+    bool erase(uint32_t key) {
+        merge();
+        auto it = std::lower_bound(keys_.begin(), keys_.end(), key);
+        if (it == keys_.end() || *it != key) return false;
+        auto pos = it - keys_.begin();
+        keys_.erase(it);
+        values_.erase(values_.begin() + pos);
+        return true;
+    }
+
+    void clear() {
+        keys_.clear();
+        values_.clear();
+        pendingKeys_.clear();
+        pendingValues_.clear();
+        pendingIndex_.clear();
+    }
+
+    // Physical access: positions in ascending logical order.
+    uint32_t keyAt(std::size_t position) const {
+        merge();
+        return keys_[position];
+    }
+    T& valueAt(std::size_t position) {
+        merge();
+        return values_[position];
+    }
+    const T& valueAt(std::size_t position) const {
+        merge();
+        return values_[position];
+    }
+    const std::vector<uint32_t>& keys() const {
+        merge();
+        return keys_;
+    }
+
+    SparseArray clone() const {
+        merge();
+        SparseArray copy;
+        copy.keys_ = keys_;
+        copy.values_.reserve(values_.size());
+        for (const T& v : values_) copy.values_.push_back(cloneValue(v));
+        return copy;
+    }
+
+private:
+    static T cloneValue(const T& v) {
+        if constexpr (std::is_copy_constructible_v<T>) return v;
+        else return v.clone();
+    }
+
+    void merge() const {
+        if (pendingKeys_.empty()) return;
+        std::vector<std::size_t> order(pendingKeys_.size());
+        std::iota(order.begin(), order.end(), std::size_t{0});
+        std::sort(order.begin(), order.end(),
+                  [this](std::size_t a, std::size_t b) { return pendingKeys_[a] < pendingKeys_[b]; });
+        std::vector<uint32_t> keys;
+        std::vector<T> values;
+        keys.reserve(size());
+        values.reserve(size());
+        std::size_t i = 0, j = 0;
+        while (i < keys_.size() || j < order.size()) {
+            bool takeMain = j == order.size() || (i < keys_.size() && keys_[i] < pendingKeys_[order[j]]);
+            if (takeMain) {
+                keys.push_back(keys_[i]);
+                values.push_back(std::move(values_[i++]));
+            } else {
+                keys.push_back(pendingKeys_[order[j]]);
+                values.push_back(std::move(pendingValues_[order[j++]]));
+            }
+        }
+        keys_ = std::move(keys);
+        values_ = std::move(values);
+        pendingKeys_.clear();
+        pendingValues_.clear();
+        pendingIndex_.clear();
+    }
+
+    mutable std::vector<uint32_t> keys_;
+    mutable std::vector<T> values_;
+    mutable std::vector<uint32_t> pendingKeys_;
+    mutable std::vector<T> pendingValues_;
+    mutable std::unordered_map<uint32_t, std::size_t> pendingIndex_;
+};
+
+} // namespace host
