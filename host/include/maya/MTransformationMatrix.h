@@ -1,15 +1,16 @@
 #pragma once
 // A transformation kept as its components: scale, shear, rotation (Euler angles with an order) and
 // translation. As a matrix for row vectors it is S * Sh * R * T (scale first, translation last).
-// Pivots are not kept: they stay at the origin.
-#include <maya/MEulerRotation.h>
-#include <maya/MQuaternion.h>
+// Pivots are not kept: they stay at the origin. With no pivots and no parent every space gives the
+// same values, so the space arguments are accepted and not used.
 #include <maya/MSpace.h>
 #include <maya/MStatus.h>
 #include <maya/MTypes.h>
-#include <maya/MVector.h>
 
+class MEulerRotation;
 class MMatrix;
+class MQuaternion;
+class MVector;
 
 #define MTransformationMatrix_kTol 1.0e-10
 
@@ -34,7 +35,6 @@ public:
 
     MStatus getScale(double scale[3], MSpace::Space space) const;
     MStatus setScale(const double scale[3], MSpace::Space space);
-    MStatus addScale(const double scale[3], MSpace::Space space);
 
     MQuaternion rotation() const;
     MEulerRotation eulerRotation() const;
@@ -60,8 +60,11 @@ public:
     static const MTransformationMatrix identity;
 
 private:
-    MVector translate_;
-    MEulerRotation rotate_;
+    void setEuler(const MEulerRotation& rotation);
+
+    double translate_[3] = {0.0, 0.0, 0.0};
+    double rotate_[3] = {0.0, 0.0, 0.0}; // radians, about x, y, z
+    RotationOrder order_ = kXYZ;
     double scale_[3] = {1.0, 1.0, 1.0};
     double shear_[3] = {0.0, 0.0, 0.0}; // xy, xz, yz
 };

@@ -1,5 +1,6 @@
 #include "engine/Plug.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace host {
@@ -59,9 +60,26 @@ Plug Plug::parent() const {
     return p;
 }
 
+namespace {
+
+// The attribute chain from the top down without allocating; plugs deeper than this are refused.
+struct Chain {
+    std::array<const AttrSpec*, 16> items;
+    std::size_t count = 0;
+    explicit Chain(const AttrSpec* attr) {
+        for (const AttrSpec* a = attr; a && count < items.size(); a = a->parent) items[count++] = a;
+        std::reverse(items.begin(), items.begin() + static_cast<std::ptrdiff_t>(count));
+    }
+    std::size_t size() const { return count; }
+    const AttrSpec* operator[](std::size_t i) const { return items[i]; }
+    const AttrSpec* front() const { return items[0]; }
+};
+
+} // namespace
+
 const Slot* Plug::slot() const {
     if (isNull() || !node_->alive()) return nullptr;
-    const auto chain = attr_->chain();
+    const Chain chain(attr_);
     const Slot* s = node_->topSlotIfAny(chain.front());
     int level = 0;
     for (std::size_t k = 0; s && k < chain.size(); ++k) {
@@ -82,7 +100,7 @@ const Slot* Plug::slot() const {
 
 Slot* Plug::slotForWrite() const {
     if (isNull() || !node_->alive() || !isComplete()) return nullptr;
-    const auto chain = attr_->chain();
+    const Chain chain(attr_);
     Slot* s = &node_->topSlot(chain.front());
     int level = 0;
     for (std::size_t k = 0; k < chain.size(); ++k) {

@@ -13,9 +13,10 @@ template <class T> void setIdentity(Rows<T>& m) {
         for (int c = 0; c < 4; ++c) m[r][c] = r == c ? T(1) : T(0);
 }
 
-template <class T> void copy(const Rows<T>& src, Rows<T>& dst) {
+// Copies between matrices of either precision.
+template <class S, class D> void copy(const S src[4][4], D dst[4][4]) {
     for (int r = 0; r < 4; ++r)
-        for (int c = 0; c < 4; ++c) dst[r][c] = src[r][c];
+        for (int c = 0; c < 4; ++c) dst[r][c] = static_cast<D>(src[r][c]);
 }
 
 // out = a * b; out may alias a or b.

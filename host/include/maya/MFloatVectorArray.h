@@ -1,0 +1,5 @@
+#pragma once
+#include <maya/MArrayBase.h>
+#include <maya/MFloatVector.h>
+
+MHOST_ARRAY_CLASS(MFloatVectorArray, MFloatVector);

@@ -1,0 +1,9 @@
+#pragma once
+// Reading values as the dependency graph sees them: a connected destination shows its source's value.
+#include "engine/Plug.h"
+
+namespace host {
+
+Value evaluatedValue(const Plug& plug);
+
+} // namespace host
