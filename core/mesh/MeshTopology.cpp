@@ -2,6 +2,7 @@
 
 #include <climits>
 #include <cstddef>
+#include <new>
 
 #include "core/mesh/EdgeMap.h"
 
@@ -12,6 +13,9 @@ namespace {
 // Face vertices and edges are limited so that every adjacency table (vertex edges hold two entries per
 // edge) stays addressable with int offsets.
 constexpr std::size_t kMaxIndices = INT_MAX / 2;
+
+// How many face vertices ahead the edge numbering prefetches hash slots.
+constexpr std::size_t kPrefetchDistance = 16;
 
 std::string str(long long value) {
     return std::to_string(value);
@@ -31,6 +35,16 @@ std::string checkFaceCounts(const std::vector<int>& counts, std::size_t total, c
         return "the face counts add up to " + str(sum) + " " + items + ", but " + str(total) + " were given";
     return {};
 }
+
+std::string checkVertexCount(int numVertices) {
+    if (numVertices < 0) return "the vertex count " + str(numVertices) + " is negative";
+    if (static_cast<std::size_t>(numVertices) > kMaxIndices)
+        return "the mesh is too large: at most " + str(kMaxIndices) + " vertices are supported";
+    return {};
+}
+
+// Memory runs out only for meshes near the size limits; the caller gets a message, not an exception.
+const char* const kOutOfMemory = "not enough memory for the mesh topology";
 
 std::vector<int> offsetsOf(const std::vector<int>& counts) {
     std::vector<int> offsets(counts.size() + 1, 0);
@@ -72,9 +86,9 @@ void buildVertexRows(CompressedRows& rows, int numVertices, const std::vector<in
 } // namespace
 
 std::string MeshTopology::build(int numVertices, const std::vector<int>& faceCounts,
-                                const std::vector<int>& faceConnects) {
+                                const std::vector<int>& faceConnects) try {
     clear();
-    if (numVertices < 0) return "the vertex count " + str(numVertices) + " is negative";
+    if (std::string error = checkVertexCount(numVertices); !error.empty()) return error;
     if (std::string error = checkFaceCounts(faceCounts, faceConnects.size(), "vertex indices");
         !error.empty())
         return error;
@@ -91,7 +105,10 @@ std::string MeshTopology::build(int numVertices, const std::vector<int>& faceCou
             if (v[k] < 0 || v[k] >= numVertices) return vertexRangeError("face " + str(f), v[k], numVertices);
         }
         for (int k = 0; k < n; ++k) {
-            const int a = v[k], b = v[(k + 1) % n];
+            const std::size_t ahead = static_cast<std::size_t>(offsets[f] + k) + kPrefetchDistance;
+            if (ahead + 1 < faceConnects.size())
+                edgeMap.prefetch(faceConnects[ahead], faceConnects[ahead + 1]);
+            const int a = v[k], b = v[k + 1 == n ? 0 : k + 1];
             if (a == b)
                 return "face " + str(f) + " has a degenerate edge: vertex " + str(a) + " follows itself";
             const int newEdge = static_cast<int>(edgeVertices.size() / 2);
@@ -110,13 +127,16 @@ std::string MeshTopology::build(int numVertices, const std::vector<int>& faceCou
     edgeVertices_ = std::move(edgeVertices);
     buildAdjacency(numVertices);
     return {};
+} catch (const std::bad_alloc&) {
+    clear();
+    return kOutOfMemory;
 }
 
 std::string MeshTopology::buildFromEdges(int numVertices, const std::vector<int>& edgeVertices,
                                          const std::vector<int>& faceEdgeCounts,
-                                         const std::vector<int>& faceEdgeRefs) {
+                                         const std::vector<int>& faceEdgeRefs) try {
     clear();
-    if (numVertices < 0) return "the vertex count " + str(numVertices) + " is negative";
+    if (std::string error = checkVertexCount(numVertices); !error.empty()) return error;
     if (edgeVertices.size() % 2 != 0)
         return "the edge list holds " + str(edgeVertices.size()) +
                " vertex indices, which is not a list of pairs";
@@ -176,6 +196,9 @@ std::string MeshTopology::buildFromEdges(int numVertices, const std::vector<int>
     edgeVertices_ = edgeVertices;
     buildAdjacency(numVertices);
     return {};
+} catch (const std::bad_alloc&) {
+    clear();
+    return kOutOfMemory;
 }
 
 std::array<int, 2> MeshTopology::edgeVertices(int edge) const {

@@ -13,52 +13,55 @@ using core::MeshTopology;
 
 namespace {
 
-std::vector<int> toVector(IndexRange range) { return {range.begin(), range.end()}; }
+std::vector<int> toVector(IndexRange range) {
+    return {range.begin(), range.end()};
+}
 
-bool contains(IndexRange range, int value) { return std::find(range.begin(), range.end(), value) != range.end(); }
-
-// Checks every table against the faces: face edges join the face's consecutive vertices, each vertex pair
-// has one edge, and all adjacency rows are the exact, sorted inverses of the face rows and the edge list.
+// Checks every table against a plain rebuild from the faces and the edge list: face edges join the face's
+// consecutive vertices, no vertex pair has two edges, and each adjacency row holds exactly the expected
+// items in ascending order (vertexVertices following vertexEdges).
 void expectConsistent(const MeshTopology& topo) {
+    using Rows = std::vector<std::vector<int>>;
+    Rows edgeFaces(topo.numEdges()), vertexFaces(topo.numVertices()), vertexEdges(topo.numVertices()),
+        vertexVertices(topo.numVertices());
+    auto addOnce = [](std::vector<int>& row, int face) {
+        if (row.empty() || row.back() != face) row.push_back(face);
+    };
     std::set<std::pair<int, int>> pairs;
-    long long vertexEdgeEntries = 0;
     for (int e = 0; e < topo.numEdges(); ++e) {
         const auto [a, b] = topo.edgeVertices(e);
-        EXPECT_TRUE(pairs.insert({std::min(a, b), std::max(a, b)}).second) << "edge " << e;
-        EXPECT_TRUE(contains(topo.vertexEdges(a), e) && contains(topo.vertexEdges(b), e)) << "edge " << e;
-        for (int f : topo.edgeFaces(e)) EXPECT_TRUE(contains(topo.faceEdges(f), e)) << "edge " << e;
-        EXPECT_TRUE(std::is_sorted(topo.edgeFaces(e).begin(), topo.edgeFaces(e).end()));
+        EXPECT_TRUE(pairs.insert(std::minmax(a, b)).second) << "edge " << e;
+        vertexEdges[a].push_back(e);
+        vertexEdges[b].push_back(e);
+        vertexVertices[a].push_back(b);
+        vertexVertices[b].push_back(a);
     }
     for (int f = 0; f < topo.numFaces(); ++f) {
         const IndexRange verts = topo.faceVertices(f), edges = topo.faceEdges(f);
         ASSERT_EQ(verts.size(), edges.size());
         for (int k = 0; k < verts.size(); ++k) {
-            const auto [a, b] = topo.edgeVertices(edges[k]);
-            const int v0 = verts[k], v1 = verts[(k + 1) % verts.size()];
-            EXPECT_TRUE((a == v0 && b == v1) || (a == v1 && b == v0)) << "face " << f << " edge " << k;
-            EXPECT_TRUE(contains(topo.edgeFaces(edges[k]), f));
-            EXPECT_TRUE(contains(topo.vertexFaces(v0), f));
+            const int next = verts[(k + 1) % verts.size()];
+            EXPECT_EQ(std::minmax(topo.edgeVertices(edges[k])[0], topo.edgeVertices(edges[k])[1]),
+                      std::minmax(verts[k], next))
+                << "face " << f << " edge " << k;
+            addOnce(edgeFaces[edges[k]], f);
+            addOnce(vertexFaces[verts[k]], f);
         }
     }
+    for (int e = 0; e < topo.numEdges(); ++e)
+        EXPECT_EQ(toVector(topo.edgeFaces(e)), edgeFaces[e]) << "edge " << e;
     for (int v = 0; v < topo.numVertices(); ++v) {
-        const IndexRange edges = topo.vertexEdges(v), neighbours = topo.vertexVertices(v);
-        ASSERT_EQ(edges.size(), neighbours.size());
-        vertexEdgeEntries += edges.size();
-        EXPECT_TRUE(std::is_sorted(edges.begin(), edges.end()));
-        for (int i = 0; i < edges.size(); ++i) {
-            const auto [a, b] = topo.edgeVertices(edges[i]);
-            EXPECT_EQ(neighbours[i], a == v ? b : a);
-        }
-        for (int f : topo.vertexFaces(v)) EXPECT_TRUE(contains(topo.faceVertices(f), v));
-        EXPECT_TRUE(std::adjacent_find(topo.vertexFaces(v).begin(), topo.vertexFaces(v).end(),
-                                       [](int x, int y) { return x >= y; }) == topo.vertexFaces(v).end());
+        EXPECT_EQ(toVector(topo.vertexFaces(v)), vertexFaces[v]) << "vertex " << v;
+        EXPECT_EQ(toVector(topo.vertexEdges(v)), vertexEdges[v]) << "vertex " << v;
+        EXPECT_EQ(toVector(topo.vertexVertices(v)), vertexVertices[v]) << "vertex " << v;
     }
-    EXPECT_EQ(vertexEdgeEntries, 2LL * topo.numEdges());
 }
 
 // Maya ASCII data of a default polyCube: `.ed` pairs and `.fc` signed edge references.
-const std::vector<int> kCubeFileEdges = {0, 1, 2, 3, 4, 5, 6, 7, 0, 2, 1, 3, 2, 4, 3, 5, 4, 6, 5, 7, 6, 0, 7, 1};
-const std::vector<int> kCubeFileRefs = {0, 5, -2, -5, 1, 7, -3, -7, 2, 9, -4, -9, 3, 11, -1, -11, -12, -10, -8, -6, 10, 4, 6, 8};
+const std::vector<int> kCubeFileEdges = {0, 1, 2, 3, 4, 5, 6, 7, 0, 2, 1, 3,
+                                         2, 4, 3, 5, 4, 6, 5, 7, 6, 0, 7, 1};
+const std::vector<int> kCubeFileRefs = {0, 5,  -2, -5,  1,   7,   -3, -7, 2,  9, -4, -9,
+                                        3, 11, -1, -11, -12, -10, -8, -6, 10, 4, 6,  8};
 const std::vector<int> kQuadCounts(6, 4);
 
 } // namespace
@@ -98,14 +101,14 @@ TEST(MeshTopology, AdjacencyIsConsistentOnPrimitivesAndOddFaces) {
         ASSERT_EQ(topo.build(mesh->numVertices(), mesh->faceCounts, mesh->faceConnects), "");
         expectConsistent(topo);
     }
-    // A face passing vertex 0 twice, a non-manifold edge shared by three faces and an unused vertex 6.
+    // A face passing vertex 0 twice, edge {4, 5} shared by three faces and an unused vertex 7.
     MeshTopology odd;
-    ASSERT_EQ(odd.build(7, {5, 3, 3}, {0, 1, 2, 0, 3, 4, 5, 1, 4, 5, 2}), "");
+    ASSERT_EQ(odd.build(8, {5, 3, 3, 3}, {0, 1, 2, 0, 3, 4, 5, 1, 4, 5, 2, 5, 4, 6}), "");
     expectConsistent(odd);
     EXPECT_EQ(toVector(odd.vertexFaces(0)), std::vector<int>({0}));
-    EXPECT_EQ(toVector(odd.vertexFaces(5)), std::vector<int>({1, 2}));
-    EXPECT_TRUE(odd.vertexEdges(6).empty());
-    EXPECT_TRUE(odd.faceVertices(3).empty());
+    EXPECT_EQ(toVector(odd.edgeFaces(4)), std::vector<int>({1, 2, 3}));
+    EXPECT_TRUE(odd.vertexEdges(7).empty());
+    EXPECT_TRUE(odd.faceVertices(4).empty());
     EXPECT_EQ(odd.edgeVertices(-1), (std::array<int, 2>{-1, -1}));
 }
 
@@ -117,6 +120,7 @@ TEST(MeshTopology, RejectsBadFaceLists) {
     };
     const Case cases[] = {
         {-1, {}, {}, "vertex count -1 is negative"},
+        {INT_MAX, {3}, {0, 1, 2}, "at most 1073741823 vertices are supported"},
         {4, {3, 2}, {0, 1, 2, 0, 1}, "face 1 has 2 vertex indices; a face needs at least 3"},
         {4, {3, -7}, {0, 1, 2}, "face 1 has -7 vertex indices"},
         {4, {3}, {0, 1, 2, 3}, "add up to 3 vertex indices, but 4 were given"},
@@ -163,11 +167,12 @@ TEST(MeshTopology, RejectsBadSignedEdgeData) {
         {triangle, {3}, {0, 1, 3}, "face 0 refers to edge 3, but the mesh has 3 edges"},
         {triangle, {3}, {0, 1, -4}, "face 0 refers to edge 3 (reversed)"},
         {triangle, {3}, {0, 1, INT_MIN}, "refers to edge 2147483647 (reversed)"},
-        {triangle, {3}, {0, -2, 2}, "face 0 is not a closed chain of edges: edge 0 ends at vertex 1, but edge 1 starts at vertex 2"},
+        {triangle,
+         {3},
+         {0, -2, 2},
+         "face 0 is not a closed chain of edges: edge 0 ends at vertex 1, but edge 1 starts at vertex 2"},
         {triangle, {2, 1}, {0, 1, 2}, "face 0 has 2 edge references"},
         {triangle, {3}, {0, 1}, "add up to 3 edge references, but 2"},
-        {kCubeFileEdges, kQuadCounts, {0, 5, 1, -5, 1, 7, -3, -7, 2, 9, -4, -9, 3, 11, -1, -11, -12, -10, -8, -6, 10, 4, 6, 8},
-         "edge 5 ends at vertex 3, but edge 1 starts at vertex 2"},
     };
     for (const Case& c : cases) {
         MeshTopology topo;
@@ -180,21 +185,27 @@ TEST(MeshTopology, RejectsBadSignedEdgeData) {
 TEST(MeshTopology, RandomInputNeverCrashesAndSignedEdgesRoundTrip) {
     std::mt19937 random(12345);
     auto pick = [&](int lo, int hi) { return std::uniform_int_distribution<int>(lo, hi)(random); };
-    const int wild[] = {INT_MIN, -1, 0, 3, INT_MAX};
+    auto value = [&](int lo, int hi) {
+        return pick(0, 25) == 0 ? std::vector<int>{INT_MIN, -1, INT_MAX}[pick(0, 2)] : pick(lo, hi);
+    };
     int built = 0;
     for (int iteration = 0; iteration < 3000; ++iteration) {
         const int numVertices = pick(-1, 12);
-        std::vector<int> counts(pick(0, 6)), connects;
-        for (int& n : counts) n = pick(0, 20) == 0 ? wild[pick(0, 4)] : pick(2, 6);
-        const int length = pick(0, 3) == 0 ? pick(0, 30) : std::max(0, [&] { int s = 0; for (int n : counts) s += std::max(n, 0) % 64; return s; }());
-        for (int i = 0; i < length; ++i) connects.push_back(pick(0, 30) == 0 ? wild[pick(0, 4)] : pick(0, 12));
+        std::vector<int> counts(pick(0, 6)), connects, refs;
+        long long sum = 0;
+        for (int& n : counts) sum += (n = value(2, 6));
+        const long long length = pick(0, 3) > 0 && sum >= 0 && sum < 100 ? sum : pick(0, 30);
+        for (long long i = 0; i < length; ++i) connects.push_back(value(0, 12));
+        for (long long i = 0; i < length; ++i) refs.push_back(value(-8, 8));
 
+        MeshTopology garbage;
+        garbage.buildFromEdges(numVertices, connects, counts, refs);
         MeshTopology topo;
         if (!topo.build(numVertices, counts, connects).empty()) continue;
         ++built;
         expectConsistent(topo);
         // The same mesh written as signed edges reads back identically.
-        std::vector<int> refs;
+        refs.clear();
         for (int f = 0; f < topo.numFaces(); ++f) {
             const IndexRange verts = topo.faceVertices(f), edges = topo.faceEdges(f);
             for (int k = 0; k < edges.size(); ++k)
@@ -203,7 +214,8 @@ TEST(MeshTopology, RandomInputNeverCrashesAndSignedEdgesRoundTrip) {
         MeshTopology fromEdges;
         ASSERT_EQ(fromEdges.buildFromEdges(numVertices, topo.edgeVertexList(), counts, refs), "");
         EXPECT_EQ(fromEdges.faceConnects(), topo.faceConnects());
-        EXPECT_EQ(fromEdges.faceEdges_for_test_placeholder, 0);
+        for (int f = 0; f < topo.numFaces(); ++f)
+            EXPECT_EQ(toVector(fromEdges.faceEdges(f)), toVector(topo.faceEdges(f)));
     }
-    EXPECT_GT(built, 50);
+    EXPECT_GT(built, 100);
 }

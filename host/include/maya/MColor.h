@@ -15,7 +15,8 @@ public:
     // Black with the given alpha.
     constexpr MColor(float alpha) : r(0.0F), g(0.0F), b(0.0F), a(alpha) {}
     // Integer components are read as fractions of their type's full range.
-    MColor(MColorType colorModel, unsigned char c1, unsigned char c2, unsigned char c3, unsigned char alpha = 255U);
+    MColor(MColorType colorModel, unsigned char c1, unsigned char c2, unsigned char c3,
+           unsigned char alpha = 255U);
     MColor(MColorType colorModel, unsigned short c1, unsigned short c2, unsigned short c3,
            unsigned short alpha = 65535U);
     MColor(MColorType colorModel, float c1, float c2, float c3, float alpha = 1.0);
@@ -45,7 +46,9 @@ public:
     MColor operator*(const MColor& other) const;
     MColor& operator/=(float scalar);
     MColor operator/(float scalar) const;
-    bool operator==(const MColor& other) const { return r == other.r && g == other.g && b == other.b && a == other.a; }
+    bool operator==(const MColor& other) const {
+        return r == other.r && g == other.g && b == other.b && a == other.a;
+    }
     bool operator!=(const MColor& other) const { return !(*this == other); }
     bool isEquivalent(const MColor& other, float tolerance = 1.0e-5F) const;
 

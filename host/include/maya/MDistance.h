@@ -5,7 +5,18 @@
 
 class MDistance {
 public:
-    enum Unit { kInvalid, kInches, kFeet, kYards, kMiles, kMillimeters, kCentimeters, kKilometers, kMeters, kLast };
+    enum Unit {
+        kInvalid,
+        kInches,
+        kFeet,
+        kYards,
+        kMiles,
+        kMillimeters,
+        kCentimeters,
+        kKilometers,
+        kMeters,
+        kLast
+    };
 
     MDistance() = default;
     MDistance(const MDistance& src) = default;

@@ -45,7 +45,9 @@ public:
     // Composition: this rotation followed by the other, expressed in this rotation's order.
     MEulerRotation operator*(const MEulerRotation& other) const;
     MEulerRotation operator*(const MQuaternion& other) const;
-    MEulerRotation operator*(double other) const { return MEulerRotation(x * other, y * other, z * other, order); }
+    MEulerRotation operator*(double other) const {
+        return MEulerRotation(x * other, y * other, z * other, order);
+    }
     MEulerRotation& operator*=(const MEulerRotation& other);
     MEulerRotation& operator*=(const MQuaternion& other);
     MEulerRotation& operator*=(double other);

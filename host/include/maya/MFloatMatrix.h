@@ -11,7 +11,10 @@ class MFloatMatrix {
 public:
     // The default matrix is the identity.
     constexpr MFloatMatrix()
-        : matrix{{1.0F, 0.0F, 0.0F, 0.0F}, {0.0F, 1.0F, 0.0F, 0.0F}, {0.0F, 0.0F, 1.0F, 0.0F}, {0.0F, 0.0F, 0.0F, 1.0F}} {}
+        : matrix{{1.0F, 0.0F, 0.0F, 0.0F},
+                 {0.0F, 1.0F, 0.0F, 0.0F},
+                 {0.0F, 0.0F, 1.0F, 0.0F},
+                 {0.0F, 0.0F, 0.0F, 1.0F}} {}
     MFloatMatrix(const MFloatMatrix& src) = default;
     MFloatMatrix(const float m[4][4]);
     MFloatMatrix(const double m[4][4]);

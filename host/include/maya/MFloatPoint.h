@@ -17,7 +17,8 @@ public:
     constexpr MFloatPoint() : x(0.0F), y(0.0F), z(0.0F), w(1.0F) {}
     MFloatPoint(const MFloatPoint&) = default;
     MFloatPoint(const MFloatVector& src);
-    constexpr MFloatPoint(float xx, float yy, float zz = 0.0F, float ww = 1.0F) : x(xx), y(yy), z(zz), w(ww) {}
+    constexpr MFloatPoint(float xx, float yy, float zz = 0.0F, float ww = 1.0F)
+        : x(xx), y(yy), z(zz), w(ww) {}
     MFloatPoint(const float d[4]) : x(d[0]), y(d[1]), z(d[2]), w(d[3]) {}
     MFloatPoint(const double d[4])
         : x(static_cast<float>(d[0])), y(static_cast<float>(d[1])), z(static_cast<float>(d[2])),

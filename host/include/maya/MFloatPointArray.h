@@ -7,7 +7,8 @@ class MFloatPointArray : public MHostArray<MFloatPoint> {
 public:
     MFloatPointArray() = default;
     MFloatPointArray(const MFloatPoint* src, unsigned int count) : MHostArray<MFloatPoint>(src, count) {}
-    MFloatPointArray(unsigned int initialSize, const MFloatPoint& initialValue) : MHostArray<MFloatPoint>(initialSize, initialValue) {}
+    MFloatPointArray(unsigned int initialSize, const MFloatPoint& initialValue)
+        : MHostArray<MFloatPoint>(initialSize, initialValue) {}
     explicit MFloatPointArray(unsigned int initialSize) : MHostArray<MFloatPoint>(initialSize) {}
     // Host access, not part of Maya's interface.
     explicit MFloatPointArray(std::vector<MFloatPoint> values) { data_ = std::move(values); }

@@ -43,9 +43,7 @@ public:
     MFloatVector operator*(const MFloatMatrix& right) const;
     MFloatVector& operator*=(const MFloatMatrix& right);
     bool operator!=(const MFloatVector& other) const { return !(*this == other); }
-    bool operator==(const MFloatVector& other) const {
-        return x == other.x && y == other.y && z == other.z;
-    }
+    bool operator==(const MFloatVector& other) const { return x == other.x && y == other.y && z == other.z; }
 
     MStatus get(float dest[3]) const;
     float length() const;

@@ -10,7 +10,8 @@
 class MMatrix {
 public:
     // The default matrix is the identity.
-    constexpr MMatrix() : matrix{{1.0, 0.0, 0.0, 0.0}, {0.0, 1.0, 0.0, 0.0}, {0.0, 0.0, 1.0, 0.0}, {0.0, 0.0, 0.0, 1.0}} {}
+    constexpr MMatrix()
+        : matrix{{1.0, 0.0, 0.0, 0.0}, {0.0, 1.0, 0.0, 0.0}, {0.0, 0.0, 1.0, 0.0}, {0.0, 0.0, 0.0, 1.0}} {}
     MMatrix(const MMatrix& src) = default;
     MMatrix(const double m[4][4]);
     MMatrix(const float m[4][4]);

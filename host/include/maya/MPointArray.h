@@ -7,7 +7,8 @@ class MPointArray : public MHostArray<MPoint> {
 public:
     MPointArray() = default;
     MPointArray(const MPoint* src, unsigned int count) : MHostArray<MPoint>(src, count) {}
-    MPointArray(unsigned int initialSize, const MPoint& initialValue) : MHostArray<MPoint>(initialSize, initialValue) {}
+    MPointArray(unsigned int initialSize, const MPoint& initialValue)
+        : MHostArray<MPoint>(initialSize, initialValue) {}
     explicit MPointArray(unsigned int initialSize) : MHostArray<MPoint>(initialSize) {}
     // Host access, not part of Maya's interface.
     explicit MPointArray(std::vector<MPoint> values) { data_ = std::move(values); }

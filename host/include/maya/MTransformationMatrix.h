@@ -53,7 +53,8 @@ public:
     MStatus getShear(double shear[3], MSpace::Space space) const;
     MStatus setShear(const double shear[3], MSpace::Space space);
 
-    bool isEquivalent(const MTransformationMatrix& other, double tolerance = MTransformationMatrix_kTol) const;
+    bool isEquivalent(const MTransformationMatrix& other,
+                      double tolerance = MTransformationMatrix_kTol) const;
     bool operator==(const MTransformationMatrix& other) const { return isEquivalent(other); }
     bool operator!=(const MTransformationMatrix& other) const { return !isEquivalent(other); }
 

@@ -208,13 +208,37 @@ MStatus MString::substituteFirst(const MString& match, const MString& replacemen
     return MS::kSuccess;
 }
 
+// A leading "~" (alone or before '/') becomes $HOME; $NAME and ${NAME} become the variable's value.
+// "~user" and unset variables are left as written.
 MString MString::expandEnvironmentVariablesAndTilde(MStatus* ReturnStatus) const {
     setStatus(ReturnStatus, true);
-    if (!text_.empty() && text_[0] == '~') {
-        const char* home = std::getenv("HOME");
-        return MString(std::string(home ? home : "") + text_.substr(1));
+    const std::size_t size = text_.size();
+    std::string out;
+    std::size_t i = 0;
+    const char* home = std::getenv("HOME");
+    if (home && size > 0 && text_[0] == '~' && (size == 1 || text_[1] == '/')) {
+        out = home;
+        i = 1;
     }
-    return *this;
+    while (i < size) {
+        if (text_[i] == '$') {
+            const bool braced = i + 1 < size && text_[i + 1] == '{';
+            const std::size_t start = i + (braced ? 2 : 1);
+            std::size_t end = start;
+            while (end < size && (std::isalnum(static_cast<unsigned char>(text_[end])) || text_[end] == '_'))
+                ++end;
+            const bool closed = !braced || (end < size && text_[end] == '}');
+            const char* value =
+                end > start && closed ? std::getenv(text_.substr(start, end - start).c_str()) : nullptr;
+            if (value) {
+                out += value;
+                i = end + (braced ? 1 : 0);
+                continue;
+            }
+        }
+        out += text_[i++];
+    }
+    return MString(out);
 }
 
 short MString::asShort(MStatus* ReturnStatus) const { return static_cast<short>(asInt(ReturnStatus)); }
@@ -237,7 +261,13 @@ unsigned int MString::asUnsigned(MStatus* ReturnStatus) const {
     return ok ? static_cast<unsigned int>(value) : 0u;
 }
 
-float MString::asFloat(MStatus* ReturnStatus) const { return static_cast<float>(asDouble(ReturnStatus)); }
+float MString::asFloat(MStatus* ReturnStatus) const {
+    const double value = asDouble(ReturnStatus);
+    // Converting a double beyond float's range is undefined: such values become infinities.
+    if (std::abs(value) > std::numeric_limits<float>::max())
+        return value > 0.0 ? std::numeric_limits<float>::infinity() : -std::numeric_limits<float>::infinity();
+    return static_cast<float>(value);
+}
 
 double MString::asDouble(MStatus* ReturnStatus) const {
     double value = 0.0;

@@ -25,7 +25,7 @@ struct DataObject {
     explicit DataObject(DataKind k) : kind(k) {}
     virtual ~DataObject() = default;
     virtual std::shared_ptr<DataObject> clone() const = 0;
-    const DataKind kind;
+    DataKind kind; // fixed by the concrete type; assignment copies between objects of one type
 };
 
 using DataPtr = std::shared_ptr<const DataObject>;

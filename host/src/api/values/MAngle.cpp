@@ -8,11 +8,16 @@ namespace {
 double radiansPerUnit(MAngle::Unit unit) {
     const double degree = 3.14159265358979323846 / 180.0;
     switch (unit) {
-    case MAngle::kRadians: return 1.0;
-    case MAngle::kDegrees: return degree;
-    case MAngle::kAngMinutes: return degree / 60.0;
-    case MAngle::kAngSeconds: return degree / 3600.0;
-    default: return 0.0;
+    case MAngle::kRadians:
+        return 1.0;
+    case MAngle::kDegrees:
+        return degree;
+    case MAngle::kAngMinutes:
+        return degree / 60.0;
+    case MAngle::kAngSeconds:
+        return degree / 3600.0;
+    default:
+        return 0.0;
     }
 }
 

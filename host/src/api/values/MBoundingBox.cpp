@@ -9,14 +9,17 @@ MBoundingBox::MBoundingBox(const MPoint& corner1, const MPoint& corner2) {
     expand(corner2);
 }
 
-void MBoundingBox::clear() { *this = MBoundingBox(); }
+void MBoundingBox::clear() {
+    *this = MBoundingBox();
+}
 
 // The box around the eight transformed corners.
 void MBoundingBox::transformUsing(const MMatrix& matrix) {
     if (empty_) return;
     MBoundingBox result;
     for (int corner = 0; corner < 8; ++corner) {
-        const MPoint p((corner & 1 ? max_ : min_)[0], (corner & 2 ? max_ : min_)[1], (corner & 4 ? max_ : min_)[2]);
+        const MPoint p((corner & 1 ? max_ : min_)[0], (corner & 2 ? max_ : min_)[1],
+                       (corner & 4 ? max_ : min_)[2]);
         result.expand(p * matrix);
     }
     *this = result;
@@ -58,5 +61,9 @@ MPoint MBoundingBox::center() const {
     return MPoint(0.5 * (min_[0] + max_[0]), 0.5 * (min_[1] + max_[1]), 0.5 * (min_[2] + max_[2]));
 }
 
-MPoint MBoundingBox::min() const { return MPoint(min_[0], min_[1], min_[2]); }
-MPoint MBoundingBox::max() const { return MPoint(max_[0], max_[1], max_[2]); }
+MPoint MBoundingBox::min() const {
+    return MPoint(min_[0], min_[1], min_[2]);
+}
+MPoint MBoundingBox::max() const {
+    return MPoint(max_[0], max_[1], max_[2]);
+}

@@ -17,7 +17,8 @@ MColor fromFractions(MColor::MColorType model, float c1, float c2, float c3, flo
 
 const MColor MColor::kOpaqueBlack(0.0F, 0.0F, 0.0F, 1.0F);
 
-MColor::MColor(MColorType colorModel, unsigned char c1, unsigned char c2, unsigned char c3, unsigned char alpha)
+MColor::MColor(MColorType colorModel, unsigned char c1, unsigned char c2, unsigned char c3,
+               unsigned char alpha)
     : MColor(fromFractions(colorModel, c1 / 255.0F, c2 / 255.0F, c3 / 255.0F, alpha / 255.0F)) {}
 
 MColor::MColor(MColorType colorModel, unsigned short c1, unsigned short c2, unsigned short c3,
@@ -35,9 +36,13 @@ MColor::MColor(MColorType colorModel, double c1, double c2, double c3, double al
 
 bool MColor::set(MColorType colorModel, float c1, float c2, float c3, float alpha) {
     switch (colorModel) {
-    case kRGB: *this = MColor(c1, c2, c3, alpha); return true;
+    case kRGB:
+        *this = MColor(c1, c2, c3, alpha);
+        return true;
     case kCMY:
-    case kCMYK: *this = MColor(1.0F - c1, 1.0F - c2, 1.0F - c3, alpha); return true;
+    case kCMYK:
+        *this = MColor(1.0F - c1, 1.0F - c2, 1.0F - c3, alpha);
+        return true;
     case kHSV: {
         float hue = std::fmod(c1, 360.0F);
         if (hue < 0.0F) hue += 360.0F;
@@ -74,9 +79,12 @@ bool MColor::get(MColorType colorModel, float& c1, float& c2, float& c3) const {
         const float delta = high - std::min({r, g, b});
         float hue = 0.0F;
         if (delta > 0.0F) {
-            if (high == r) hue = 60.0F * std::fmod((g - b) / delta, 6.0F);
-            else if (high == g) hue = 60.0F * ((b - r) / delta + 2.0F);
-            else hue = 60.0F * ((r - g) / delta + 4.0F);
+            if (high == r)
+                hue = 60.0F * std::fmod((g - b) / delta, 6.0F);
+            else if (high == g)
+                hue = 60.0F * ((b - r) / delta + 2.0F);
+            else
+                hue = 60.0F * ((r - g) / delta + 4.0F);
             if (hue < 0.0F) hue += 360.0F;
         }
         c1 = hue;
@@ -94,16 +102,36 @@ bool MColor::get(MColorType colorModel, float& c1, float& c2, float& c3, float& 
     return true;
 }
 
-MColor& MColor::operator+=(const MColor& other) { return *this = *this + other; }
-MColor MColor::operator+(const MColor& other) const { return MColor(r + other.r, g + other.g, b + other.b, a + other.a); }
-MColor& MColor::operator-=(const MColor& other) { return *this = *this - other; }
-MColor MColor::operator-(const MColor& other) const { return MColor(r - other.r, g - other.g, b - other.b, a - other.a); }
-MColor& MColor::operator*=(float scalar) { return *this = *this * scalar; }
-MColor MColor::operator*(float scalar) const { return MColor(r * scalar, g * scalar, b * scalar, a * scalar); }
-MColor& MColor::operator*=(const MColor& other) { return *this = *this * other; }
-MColor MColor::operator*(const MColor& other) const { return MColor(r * other.r, g * other.g, b * other.b, a * other.a); }
-MColor& MColor::operator/=(float scalar) { return *this = *this / scalar; }
-MColor MColor::operator/(float scalar) const { return MColor(r / scalar, g / scalar, b / scalar, a / scalar); }
+MColor& MColor::operator+=(const MColor& other) {
+    return *this = *this + other;
+}
+MColor MColor::operator+(const MColor& other) const {
+    return MColor(r + other.r, g + other.g, b + other.b, a + other.a);
+}
+MColor& MColor::operator-=(const MColor& other) {
+    return *this = *this - other;
+}
+MColor MColor::operator-(const MColor& other) const {
+    return MColor(r - other.r, g - other.g, b - other.b, a - other.a);
+}
+MColor& MColor::operator*=(float scalar) {
+    return *this = *this * scalar;
+}
+MColor MColor::operator*(float scalar) const {
+    return MColor(r * scalar, g * scalar, b * scalar, a * scalar);
+}
+MColor& MColor::operator*=(const MColor& other) {
+    return *this = *this * other;
+}
+MColor MColor::operator*(const MColor& other) const {
+    return MColor(r * other.r, g * other.g, b * other.b, a * other.a);
+}
+MColor& MColor::operator/=(float scalar) {
+    return *this = *this / scalar;
+}
+MColor MColor::operator/(float scalar) const {
+    return MColor(r / scalar, g / scalar, b / scalar, a / scalar);
+}
 
 bool MColor::isEquivalent(const MColor& other, float tolerance) const {
     return std::abs(r - other.r) <= tolerance && std::abs(g - other.g) <= tolerance &&

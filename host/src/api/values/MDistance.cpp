@@ -7,15 +7,24 @@ namespace {
 // Size of one unit in centimetres; 0 for kInvalid, kLast and values outside the enumeration.
 double centimetresPerUnit(MDistance::Unit unit) {
     switch (unit) {
-    case MDistance::kInches: return 2.54;
-    case MDistance::kFeet: return 30.48;
-    case MDistance::kYards: return 91.44;
-    case MDistance::kMiles: return 160934.4;
-    case MDistance::kMillimeters: return 0.1;
-    case MDistance::kCentimeters: return 1.0;
-    case MDistance::kKilometers: return 100000.0;
-    case MDistance::kMeters: return 100.0;
-    default: return 0.0;
+    case MDistance::kInches:
+        return 2.54;
+    case MDistance::kFeet:
+        return 30.48;
+    case MDistance::kYards:
+        return 91.44;
+    case MDistance::kMiles:
+        return 160934.4;
+    case MDistance::kMillimeters:
+        return 0.1;
+    case MDistance::kCentimeters:
+        return 1.0;
+    case MDistance::kKilometers:
+        return 100000.0;
+    case MDistance::kMeters:
+        return 100.0;
+    default:
+        return 0.0;
     }
 }
 
@@ -35,5 +44,6 @@ MStatus MDistance::setValue(double newValue) {
 }
 
 double MDistance::as(Unit otherUnit, MStatus* ReturnStatus) const {
-    return talven::convertUnit(value_, centimetresPerUnit(unit_), centimetresPerUnit(otherUnit), ReturnStatus);
+    return talven::convertUnit(value_, centimetresPerUnit(unit_), centimetresPerUnit(otherUnit),
+                               ReturnStatus);
 }

@@ -19,24 +19,36 @@ struct Axes {
 // An order value outside the enumeration reads as xyz.
 Axes axesOf(MEulerRotation::RotationOrder order) {
     switch (order) {
-    case MEulerRotation::kYZX: return {1, 2, 0, true};
-    case MEulerRotation::kZXY: return {2, 0, 1, true};
-    case MEulerRotation::kXZY: return {0, 2, 1, false};
-    case MEulerRotation::kYXZ: return {1, 0, 2, false};
-    case MEulerRotation::kZYX: return {2, 1, 0, false};
-    default: return {0, 1, 2, true};
+    case MEulerRotation::kYZX:
+        return {1, 2, 0, true};
+    case MEulerRotation::kZXY:
+        return {2, 0, 1, true};
+    case MEulerRotation::kXZY:
+        return {0, 2, 1, false};
+    case MEulerRotation::kYXZ:
+        return {1, 0, 2, false};
+    case MEulerRotation::kZYX:
+        return {2, 1, 0, false};
+    default:
+        return {0, 1, 2, true};
     }
 }
 
 // The same axes taken in the opposite sequence: the order of the inverse rotation.
 MEulerRotation::RotationOrder reversed(MEulerRotation::RotationOrder order) {
     switch (order) {
-    case MEulerRotation::kYZX: return MEulerRotation::kXZY;
-    case MEulerRotation::kZXY: return MEulerRotation::kYXZ;
-    case MEulerRotation::kXZY: return MEulerRotation::kYZX;
-    case MEulerRotation::kYXZ: return MEulerRotation::kZXY;
-    case MEulerRotation::kZYX: return MEulerRotation::kXYZ;
-    default: return MEulerRotation::kZYX;
+    case MEulerRotation::kYZX:
+        return MEulerRotation::kXZY;
+    case MEulerRotation::kZXY:
+        return MEulerRotation::kYXZ;
+    case MEulerRotation::kXZY:
+        return MEulerRotation::kYZX;
+    case MEulerRotation::kYXZ:
+        return MEulerRotation::kZXY;
+    case MEulerRotation::kZYX:
+        return MEulerRotation::kXYZ;
+    default:
+        return MEulerRotation::kZYX;
     }
 }
 
@@ -60,7 +72,9 @@ MQuaternion axisQuaternion(int axis, double angle) {
 }
 
 // An angle moved by whole turns to within [-pi, pi].
-double bounded(double angle) { return std::abs(angle) <= kPi ? angle : std::remainder(angle, 2.0 * kPi); }
+double bounded(double angle) {
+    return std::abs(angle) <= kPi ? angle : std::remainder(angle, 2.0 * kPi);
+}
 
 // An angle moved by whole turns to be as close as possible to target.
 double closestTo(double angle, double target) {
@@ -78,11 +92,19 @@ const MEulerRotation MEulerRotation::identity(0.0, 0.0, 0.0, kXYZ);
 MEulerRotation::MEulerRotation(const MVector& v, RotationOrder ord) : x(v.x), y(v.y), z(v.z), order(ord) {}
 
 // Assigning a quaternion or matrix keeps this rotation's order.
-MEulerRotation& MEulerRotation::operator=(const MQuaternion& q) { return *this = decompose(q.asMatrix(), order); }
-MEulerRotation& MEulerRotation::operator=(const MMatrix& m) { return *this = decompose(m, order); }
-MEulerRotation& MEulerRotation::operator=(const MVector& v) { return setValue(v.x, v.y, v.z, order); }
+MEulerRotation& MEulerRotation::operator=(const MQuaternion& q) {
+    return *this = decompose(q.asMatrix(), order);
+}
+MEulerRotation& MEulerRotation::operator=(const MMatrix& m) {
+    return *this = decompose(m, order);
+}
+MEulerRotation& MEulerRotation::operator=(const MVector& v) {
+    return setValue(v.x, v.y, v.z, order);
+}
 
-MEulerRotation& MEulerRotation::setValue(const MVector& v, RotationOrder ord) { return setValue(v.x, v.y, v.z, ord); }
+MEulerRotation& MEulerRotation::setValue(const MVector& v, RotationOrder ord) {
+    return setValue(v.x, v.y, v.z, ord);
+}
 
 MEulerRotation& MEulerRotation::setValue(double xx, double yy, double zz, RotationOrder ord) {
     x = xx;
@@ -94,24 +116,32 @@ MEulerRotation& MEulerRotation::setValue(double xx, double yy, double zz, Rotati
 
 MQuaternion MEulerRotation::asQuaternion() const {
     const Axes a = axesOf(order);
-    return axisQuaternion(a.i, (*this)[a.i]) * axisQuaternion(a.j, (*this)[a.j]) * axisQuaternion(a.k, (*this)[a.k]);
+    return axisQuaternion(a.i, (*this)[a.i]) * axisQuaternion(a.j, (*this)[a.j]) *
+           axisQuaternion(a.k, (*this)[a.k]);
 }
 
 MMatrix MEulerRotation::asMatrix() const {
     const Axes a = axesOf(order);
-    return axisRotation(a.i, (*this)[a.i]) * axisRotation(a.j, (*this)[a.j]) * axisRotation(a.k, (*this)[a.k]);
+    return axisRotation(a.i, (*this)[a.i]) * axisRotation(a.j, (*this)[a.j]) *
+           axisRotation(a.k, (*this)[a.k]);
 }
 
-MVector MEulerRotation::asVector() const { return MVector(x, y, z); }
+MVector MEulerRotation::asVector() const {
+    return MVector(x, y, z);
+}
 
 MEulerRotation MEulerRotation::operator+(const MEulerRotation& other) const {
     return MEulerRotation(x + other.x, y + other.y, z + other.z, order);
 }
-MEulerRotation& MEulerRotation::operator+=(const MEulerRotation& other) { return *this = *this + other; }
+MEulerRotation& MEulerRotation::operator+=(const MEulerRotation& other) {
+    return *this = *this + other;
+}
 MEulerRotation MEulerRotation::operator-(const MEulerRotation& other) const {
     return MEulerRotation(x - other.x, y - other.y, z - other.z, order);
 }
-MEulerRotation& MEulerRotation::operator-=(const MEulerRotation& other) { return *this = *this - other; }
+MEulerRotation& MEulerRotation::operator-=(const MEulerRotation& other) {
+    return *this = *this - other;
+}
 
 MEulerRotation MEulerRotation::operator*(const MEulerRotation& other) const {
     return decompose(asMatrix() * other.asMatrix(), order);
@@ -119,9 +149,15 @@ MEulerRotation MEulerRotation::operator*(const MEulerRotation& other) const {
 MEulerRotation MEulerRotation::operator*(const MQuaternion& other) const {
     return decompose(asMatrix() * other.asMatrix(), order);
 }
-MEulerRotation& MEulerRotation::operator*=(const MEulerRotation& other) { return *this = *this * other; }
-MEulerRotation& MEulerRotation::operator*=(const MQuaternion& other) { return *this = *this * other; }
-MEulerRotation& MEulerRotation::operator*=(double other) { return *this = *this * other; }
+MEulerRotation& MEulerRotation::operator*=(const MEulerRotation& other) {
+    return *this = *this * other;
+}
+MEulerRotation& MEulerRotation::operator*=(const MQuaternion& other) {
+    return *this = *this * other;
+}
+MEulerRotation& MEulerRotation::operator*=(double other) {
+    return *this = *this * other;
+}
 
 bool MEulerRotation::isEquivalent(const MEulerRotation& other, double tolerance) const {
     return order == other.order && std::abs(x - other.x) <= tolerance && std::abs(y - other.y) <= tolerance &&
@@ -133,10 +169,16 @@ bool MEulerRotation::isZero(double tolerance) const {
 }
 
 // Rx(a) Ry(b) Rz(c) is undone by Rz(-c) Ry(-b) Rx(-a): negated angles in the reversed order.
-MEulerRotation MEulerRotation::inverse() const { return MEulerRotation(-x, -y, -z, reversed(order)); }
-MEulerRotation& MEulerRotation::invertIt() { return *this = inverse(); }
+MEulerRotation MEulerRotation::inverse() const {
+    return MEulerRotation(-x, -y, -z, reversed(order));
+}
+MEulerRotation& MEulerRotation::invertIt() {
+    return *this = inverse();
+}
 
-MEulerRotation MEulerRotation::reorder(RotationOrder ord) const { return MEulerRotation(*this).reorderIt(ord); }
+MEulerRotation MEulerRotation::reorder(RotationOrder ord) const {
+    return MEulerRotation(*this).reorderIt(ord);
+}
 
 // The same order keeps the angles as they are; another order gets the principal solution.
 MEulerRotation& MEulerRotation::reorderIt(RotationOrder ord) {
@@ -144,9 +186,15 @@ MEulerRotation& MEulerRotation::reorderIt(RotationOrder ord) {
     return *this;
 }
 
-MEulerRotation MEulerRotation::bound() const { return MEulerRotation(bounded(x), bounded(y), bounded(z), order); }
-MEulerRotation& MEulerRotation::boundIt(const MEulerRotation& src) { return *this = src.bound(); }
-MEulerRotation& MEulerRotation::boundIt() { return *this = bound(); }
+MEulerRotation MEulerRotation::bound() const {
+    return MEulerRotation(bounded(x), bounded(y), bounded(z), order);
+}
+MEulerRotation& MEulerRotation::boundIt(const MEulerRotation& src) {
+    return *this = src.bound();
+}
+MEulerRotation& MEulerRotation::boundIt() {
+    return *this = bound();
+}
 
 // R1(a) R2(b) R3(c) equals R1(a + pi) R2(pi - b) R3(c + pi) for any three distinct axes.
 MEulerRotation MEulerRotation::alternateSolution() const {
@@ -160,7 +208,9 @@ MEulerRotation MEulerRotation::alternateSolution() const {
 MEulerRotation& MEulerRotation::setToAlternateSolution(const MEulerRotation& src) {
     return *this = src.alternateSolution();
 }
-MEulerRotation& MEulerRotation::setToAlternateSolution() { return *this = alternateSolution(); }
+MEulerRotation& MEulerRotation::setToAlternateSolution() {
+    return *this = alternateSolution();
+}
 
 // Of this solution and the alternate one, each moved by whole turns towards dst, the nearer.
 MEulerRotation MEulerRotation::closestSolution(const MEulerRotation& dst) const {
@@ -181,7 +231,9 @@ MEulerRotation MEulerRotation::closestCut(const MEulerRotation& dst) const {
 MEulerRotation& MEulerRotation::setToClosestCut(const MEulerRotation& src, const MEulerRotation& dst) {
     return *this = src.closestCut(dst);
 }
-MEulerRotation& MEulerRotation::setToClosestCut(const MEulerRotation& dst) { return *this = closestCut(dst); }
+MEulerRotation& MEulerRotation::setToClosestCut(const MEulerRotation& dst) {
+    return *this = closestCut(dst);
+}
 
 // Principal solution: the middle angle lies in [-pi/2, pi/2], the others in [-pi, pi]. Rows are
 // normalised first, so a scaled rotation decomposes like the rotation. At gimbal lock (middle angle
@@ -196,22 +248,24 @@ MEulerRotation MEulerRotation::decompose(const MMatrix& matrix, RotationOrder or
     const Axes a = axesOf(ord);
     const double s = a.even ? 1.0 : -1.0;
     const int i = a.i, j = a.j, k = a.k;
+    // Adding +0 turns negative zeros into zeros, so angles lie in (-pi, pi] and never read "-0".
+    const auto angleOf = [](double sine, double cosine) { return std::atan2(sine + 0.0, cosine + 0.0); };
     double angle[3];
     const double cosMiddle = std::hypot(m[i][i], m[i][j]);
-    angle[j] = std::atan2(-s * m[i][k], cosMiddle);
+    angle[j] = angleOf(-s * m[i][k], cosMiddle);
     if (cosMiddle > 1.0e-12) {
-        angle[i] = std::atan2(s * m[j][k], m[k][k]);
-        angle[k] = std::atan2(s * m[i][j], m[i][i]);
+        angle[i] = angleOf(s * m[j][k], m[k][k]);
+        angle[k] = angleOf(s * m[i][j], m[i][i]);
     } else {
-        angle[i] = std::atan2(-s * m[k][j], m[j][j]);
+        angle[i] = angleOf(-s * m[k][j], m[j][j]);
         angle[k] = 0.0;
     }
-    // Adding +0 turns a negative zero into zero, so results never read "-0".
-    return MEulerRotation(angle[0] + 0.0, angle[1] + 0.0, angle[2] + 0.0, ord);
+    return MEulerRotation(angle[0], angle[1], angle[2], ord);
 }
 
 std::ostream& operator<<(std::ostream& os, const MEulerRotation& rotation) {
     static const char* const names[] = {"xyz", "yzx", "zxy", "xzy", "yxz", "zyx"};
-    const int index = rotation.order >= MEulerRotation::kXYZ && rotation.order <= MEulerRotation::kZYX ? rotation.order : 0;
+    const int index =
+        rotation.order >= MEulerRotation::kXYZ && rotation.order <= MEulerRotation::kZYX ? rotation.order : 0;
     return os << "[" << rotation.x << ", " << rotation.y << ", " << rotation.z << ", " << names[index] << "]";
 }

@@ -6,9 +6,13 @@
 
 namespace m4 = talven::matrix4;
 
-MFloatMatrix::MFloatMatrix(const float m[4][4]) { m4::copy(m, matrix); }
+MFloatMatrix::MFloatMatrix(const float m[4][4]) {
+    m4::copy(m, matrix);
+}
 
-MFloatMatrix::MFloatMatrix(const double m[4][4]) { m4::copy(m, matrix); }
+MFloatMatrix::MFloatMatrix(const double m[4][4]) {
+    m4::copy(m, matrix);
+}
 
 MStatus MFloatMatrix::get(float dest[4][4]) const {
     if (!dest) return MS::kInvalidParameter;
@@ -43,16 +47,22 @@ MFloatMatrix& MFloatMatrix::operator+=(const MFloatMatrix& right) {
         for (int c = 0; c < 4; ++c) matrix[r][c] += right.matrix[r][c];
     return *this;
 }
-MFloatMatrix MFloatMatrix::operator+(const MFloatMatrix& right) const { return MFloatMatrix(*this) += right; }
+MFloatMatrix MFloatMatrix::operator+(const MFloatMatrix& right) const {
+    return MFloatMatrix(*this) += right;
+}
 
 MFloatMatrix& MFloatMatrix::operator-=(const MFloatMatrix& right) {
     for (int r = 0; r < 4; ++r)
         for (int c = 0; c < 4; ++c) matrix[r][c] -= right.matrix[r][c];
     return *this;
 }
-MFloatMatrix MFloatMatrix::operator-(const MFloatMatrix& right) const { return MFloatMatrix(*this) -= right; }
+MFloatMatrix MFloatMatrix::operator-(const MFloatMatrix& right) const {
+    return MFloatMatrix(*this) -= right;
+}
 
-MFloatMatrix& MFloatMatrix::operator*=(const MFloatMatrix& right) { return setToProduct(*this, right); }
+MFloatMatrix& MFloatMatrix::operator*=(const MFloatMatrix& right) {
+    return setToProduct(*this, right);
+}
 MFloatMatrix MFloatMatrix::operator*(const MFloatMatrix& right) const {
     return MFloatMatrix().setToProduct(*this, right);
 }
@@ -62,10 +72,16 @@ MFloatMatrix& MFloatMatrix::operator*=(float scale) {
         for (float& value : row) value *= scale;
     return *this;
 }
-MFloatMatrix MFloatMatrix::operator*(float scale) const { return MFloatMatrix(*this) *= scale; }
-MFloatMatrix operator*(float scale, const MFloatMatrix& right) { return right * scale; }
+MFloatMatrix MFloatMatrix::operator*(float scale) const {
+    return MFloatMatrix(*this) *= scale;
+}
+MFloatMatrix operator*(float scale, const MFloatMatrix& right) {
+    return right * scale;
+}
 
-bool MFloatMatrix::operator==(const MFloatMatrix& other) const { return m4::equal(matrix, other.matrix); }
+bool MFloatMatrix::operator==(const MFloatMatrix& other) const {
+    return m4::equal(matrix, other.matrix);
+}
 
 MFloatMatrix MFloatMatrix::inverse() const {
     MFloatMatrix result;
@@ -79,8 +95,12 @@ MFloatMatrix MFloatMatrix::adjoint() const {
     return result;
 }
 
-float MFloatMatrix::det4x4() const { return m4::det4x4(matrix); }
-float MFloatMatrix::det3x3() const { return m4::det3x3(matrix); }
+float MFloatMatrix::det4x4() const {
+    return m4::det4x4(matrix);
+}
+float MFloatMatrix::det3x3() const {
+    return m4::det3x3(matrix);
+}
 
 bool MFloatMatrix::isEquivalent(const MFloatMatrix& other, float tolerance) const {
     return m4::isEquivalent(matrix, other.matrix, tolerance);

@@ -44,23 +44,32 @@ MStatus MFloatPoint::setCast(const MVector& src) {
     return MS::kSuccess;
 }
 
-MFloatVector MFloatPoint::operator-(const MFloatPoint& other) const { return cartesian(*this) - cartesian(other); }
+MFloatVector MFloatPoint::operator-(const MFloatPoint& other) const {
+    return cartesian(*this) - cartesian(other);
+}
 MFloatPoint MFloatPoint::operator+(const MFloatVector& other) const {
     return MFloatPoint(x + other.x, y + other.y, z + other.z, w);
 }
 MFloatPoint MFloatPoint::operator-(const MFloatVector& other) const {
     return MFloatPoint(x - other.x, y - other.y, z - other.z, w);
 }
-MFloatPoint& MFloatPoint::operator+=(const MFloatVector& vector) { return *this = *this + vector; }
-MFloatPoint& MFloatPoint::operator-=(const MFloatVector& vector) { return *this = *this - vector; }
+MFloatPoint& MFloatPoint::operator+=(const MFloatVector& vector) {
+    return *this = *this + vector;
+}
+MFloatPoint& MFloatPoint::operator-=(const MFloatVector& vector) {
+    return *this = *this - vector;
+}
 
 MFloatPoint MFloatPoint::operator*(const MFloatMatrix& right) const {
     MFloatPoint result;
     for (unsigned int c = 0; c < 4; ++c)
-        result[c] = x * right.matrix[0][c] + y * right.matrix[1][c] + z * right.matrix[2][c] + w * right.matrix[3][c];
+        result[c] =
+            x * right.matrix[0][c] + y * right.matrix[1][c] + z * right.matrix[2][c] + w * right.matrix[3][c];
     return result;
 }
-MFloatPoint& MFloatPoint::operator*=(const MFloatMatrix& right) { return *this = *this * right; }
+MFloatPoint& MFloatPoint::operator*=(const MFloatMatrix& right) {
+    return *this = *this * right;
+}
 
 MFloatPoint operator*(const MFloatMatrix& left, const MFloatPoint& right) {
     MFloatPoint result;
@@ -88,7 +97,9 @@ MFloatPoint& MFloatPoint::homogenize() {
     return *this;
 }
 
-float MFloatPoint::distanceTo(const MFloatPoint& other) const { return (*this - other).length(); }
+float MFloatPoint::distanceTo(const MFloatPoint& other) const {
+    return (*this - other).length();
+}
 
 bool MFloatPoint::isEquivalent(const MFloatPoint& other, float tolerance) const {
     return distanceTo(other) <= tolerance;

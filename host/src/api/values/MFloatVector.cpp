@@ -21,10 +21,18 @@ MFloatVector MFloatVector::operator^(const MFloatVector& right) const {
     return MFloatVector(y * right.z - z * right.y, z * right.x - x * right.z, x * right.y - y * right.x);
 }
 
-MFloatVector& MFloatVector::operator/=(float scalar) { return *this = *this / scalar; }
-MFloatVector& MFloatVector::operator*=(float scalar) { return *this = *this * scalar; }
-MFloatVector& MFloatVector::operator+=(const MFloatVector& other) { return *this = *this + other; }
-MFloatVector& MFloatVector::operator-=(const MFloatVector& other) { return *this = *this - other; }
+MFloatVector& MFloatVector::operator/=(float scalar) {
+    return *this = *this / scalar;
+}
+MFloatVector& MFloatVector::operator*=(float scalar) {
+    return *this = *this * scalar;
+}
+MFloatVector& MFloatVector::operator+=(const MFloatVector& other) {
+    return *this = *this + other;
+}
+MFloatVector& MFloatVector::operator-=(const MFloatVector& other) {
+    return *this = *this - other;
+}
 
 // A direction ignores the matrix's translation row.
 MFloatVector MFloatVector::operator*(const MFloatMatrix& right) const {
@@ -32,7 +40,9 @@ MFloatVector MFloatVector::operator*(const MFloatMatrix& right) const {
     return MFloatVector(x * m[0][0] + y * m[1][0] + z * m[2][0], x * m[0][1] + y * m[1][1] + z * m[2][1],
                         x * m[0][2] + y * m[1][2] + z * m[2][2]);
 }
-MFloatVector& MFloatVector::operator*=(const MFloatMatrix& right) { return *this = *this * right; }
+MFloatVector& MFloatVector::operator*=(const MFloatMatrix& right) {
+    return *this = *this * right;
+}
 
 MFloatVector operator*(const MFloatMatrix& left, const MFloatVector& right) {
     const auto& m = left.matrix;
@@ -49,7 +59,9 @@ MStatus MFloatVector::get(float dest[3]) const {
     return MS::kSuccess;
 }
 
-float MFloatVector::length() const { return std::sqrt(x * x + y * y + z * z); }
+float MFloatVector::length() const {
+    return std::sqrt(x * x + y * y + z * z);
+}
 
 // The zero vector has no direction and stays zero.
 MFloatVector MFloatVector::normal() const {

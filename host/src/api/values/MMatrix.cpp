@@ -8,9 +8,13 @@ namespace m4 = talven::matrix4;
 
 const MMatrix MMatrix::identity;
 
-MMatrix::MMatrix(const double m[4][4]) { m4::copy(m, matrix); }
+MMatrix::MMatrix(const double m[4][4]) {
+    m4::copy(m, matrix);
+}
 
-MMatrix::MMatrix(const float m[4][4]) { m4::copy(m, matrix); }
+MMatrix::MMatrix(const float m[4][4]) {
+    m4::copy(m, matrix);
+}
 
 MStatus MMatrix::get(double dest[4][4]) const {
     if (!dest) return MS::kInvalidParameter;
@@ -45,27 +49,41 @@ MMatrix& MMatrix::operator+=(const MMatrix& right) {
         for (int c = 0; c < 4; ++c) matrix[r][c] += right.matrix[r][c];
     return *this;
 }
-MMatrix MMatrix::operator+(const MMatrix& right) const { return MMatrix(*this) += right; }
+MMatrix MMatrix::operator+(const MMatrix& right) const {
+    return MMatrix(*this) += right;
+}
 
 MMatrix& MMatrix::operator-=(const MMatrix& right) {
     for (int r = 0; r < 4; ++r)
         for (int c = 0; c < 4; ++c) matrix[r][c] -= right.matrix[r][c];
     return *this;
 }
-MMatrix MMatrix::operator-(const MMatrix& right) const { return MMatrix(*this) -= right; }
+MMatrix MMatrix::operator-(const MMatrix& right) const {
+    return MMatrix(*this) -= right;
+}
 
-MMatrix& MMatrix::operator*=(const MMatrix& right) { return setToProduct(*this, right); }
-MMatrix MMatrix::operator*(const MMatrix& right) const { return MMatrix().setToProduct(*this, right); }
+MMatrix& MMatrix::operator*=(const MMatrix& right) {
+    return setToProduct(*this, right);
+}
+MMatrix MMatrix::operator*(const MMatrix& right) const {
+    return MMatrix().setToProduct(*this, right);
+}
 
 MMatrix& MMatrix::operator*=(double scale) {
     for (auto& row : matrix)
         for (double& value : row) value *= scale;
     return *this;
 }
-MMatrix MMatrix::operator*(double scale) const { return MMatrix(*this) *= scale; }
-MMatrix operator*(double scale, const MMatrix& right) { return right * scale; }
+MMatrix MMatrix::operator*(double scale) const {
+    return MMatrix(*this) *= scale;
+}
+MMatrix operator*(double scale, const MMatrix& right) {
+    return right * scale;
+}
 
-bool MMatrix::operator==(const MMatrix& other) const { return m4::equal(matrix, other.matrix); }
+bool MMatrix::operator==(const MMatrix& other) const {
+    return m4::equal(matrix, other.matrix);
+}
 
 MMatrix MMatrix::inverse() const {
     MMatrix result;
@@ -79,8 +97,12 @@ MMatrix MMatrix::adjoint() const {
     return result;
 }
 
-double MMatrix::det4x4() const { return m4::det4x4(matrix); }
-double MMatrix::det3x3() const { return m4::det3x3(matrix); }
+double MMatrix::det4x4() const {
+    return m4::det4x4(matrix);
+}
+double MMatrix::det3x3() const {
+    return m4::det3x3(matrix);
+}
 
 bool MMatrix::isEquivalent(const MMatrix& other, double tolerance) const {
     return m4::isEquivalent(matrix, other.matrix, tolerance);

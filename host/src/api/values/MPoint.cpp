@@ -35,19 +35,32 @@ MStatus MPoint::get(float dest[4]) const {
     return MS::kSuccess;
 }
 
-MVector MPoint::operator-(const MPoint& other) const { return cartesian(*this) - cartesian(other); }
-MPoint MPoint::operator+(const MVector& other) const { return MPoint(x + other.x, y + other.y, z + other.z, w); }
-MPoint MPoint::operator-(const MVector& other) const { return MPoint(x - other.x, y - other.y, z - other.z, w); }
-MPoint& MPoint::operator+=(const MVector& vector) { return *this = *this + vector; }
-MPoint& MPoint::operator-=(const MVector& vector) { return *this = *this - vector; }
+MVector MPoint::operator-(const MPoint& other) const {
+    return cartesian(*this) - cartesian(other);
+}
+MPoint MPoint::operator+(const MVector& other) const {
+    return MPoint(x + other.x, y + other.y, z + other.z, w);
+}
+MPoint MPoint::operator-(const MVector& other) const {
+    return MPoint(x - other.x, y - other.y, z - other.z, w);
+}
+MPoint& MPoint::operator+=(const MVector& vector) {
+    return *this = *this + vector;
+}
+MPoint& MPoint::operator-=(const MVector& vector) {
+    return *this = *this - vector;
+}
 
 MPoint MPoint::operator*(const MMatrix& right) const {
     MPoint result;
     for (unsigned int c = 0; c < 4; ++c)
-        result[c] = x * right.matrix[0][c] + y * right.matrix[1][c] + z * right.matrix[2][c] + w * right.matrix[3][c];
+        result[c] =
+            x * right.matrix[0][c] + y * right.matrix[1][c] + z * right.matrix[2][c] + w * right.matrix[3][c];
     return result;
 }
-MPoint& MPoint::operator*=(const MMatrix& right) { return *this = *this * right; }
+MPoint& MPoint::operator*=(const MMatrix& right) {
+    return *this = *this * right;
+}
 
 MPoint operator*(const MMatrix& left, const MPoint& right) {
     MPoint result;
@@ -75,7 +88,9 @@ MPoint& MPoint::homogenize() {
     return *this;
 }
 
-double MPoint::distanceTo(const MPoint& other) const { return (*this - other).length(); }
+double MPoint::distanceTo(const MPoint& other) const {
+    return (*this - other).length();
+}
 
 bool MPoint::isEquivalent(const MPoint& other, double tolerance) const {
     return distanceTo(other) <= tolerance;

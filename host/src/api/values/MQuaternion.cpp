@@ -25,7 +25,9 @@ MQuaternion::MQuaternion(const MVector& a, const MVector& b, double angleFactor)
     setAxisAngle(axis, angle * angleFactor);
 }
 
-MQuaternion::MQuaternion(double angle, const MVector& axisb) : MQuaternion() { setAxisAngle(axisb, angle); }
+MQuaternion::MQuaternion(double angle, const MVector& axisb) : MQuaternion() {
+    setAxisAngle(axisb, angle);
+}
 
 // Rows are normalised first so that a uniform scale in the matrix does not matter.
 MQuaternion& MQuaternion::operator=(const MMatrix& matrix) {
@@ -51,15 +53,20 @@ MQuaternion& MQuaternion::operator=(const MMatrix& matrix) {
     double q[4];
     q[3] = largest == 3 ? 0.25 * s : diff[largest] / s;
     for (int i = 0; i < 3; ++i) {
-        if (largest == 3) q[i] = diff[i] / s;
-        else if (i == largest) q[i] = 0.25 * s;
-        else q[i] = (m[i][largest] + m[largest][i]) / s;
+        if (largest == 3)
+            q[i] = diff[i] / s;
+        else if (i == largest)
+            q[i] = 0.25 * s;
+        else
+            q[i] = (m[i][largest] + m[largest][i]) / s;
     }
     *this = MQuaternion(q);
     return normalizeIt();
 }
 
-MQuaternion& MQuaternion::operator=(const MEulerRotation& matrix) { return *this = matrix.asQuaternion(); }
+MQuaternion& MQuaternion::operator=(const MEulerRotation& matrix) {
+    return *this = matrix.asQuaternion();
+}
 
 MMatrix MQuaternion::asMatrix() const {
     const MQuaternion q = normal();
@@ -97,10 +104,18 @@ bool MQuaternion::getAxisAngle(MVector& axis, double& theta) const {
     return true;
 }
 
-MQuaternion& MQuaternion::setToIdentity() { return *this = identity; }
-MQuaternion& MQuaternion::setToXAxis(double theta) { return setAxisAngle(MVector::xAxis, theta); }
-MQuaternion& MQuaternion::setToYAxis(double theta) { return setAxisAngle(MVector::yAxis, theta); }
-MQuaternion& MQuaternion::setToZAxis(double theta) { return setAxisAngle(MVector::zAxis, theta); }
+MQuaternion& MQuaternion::setToIdentity() {
+    return *this = identity;
+}
+MQuaternion& MQuaternion::setToXAxis(double theta) {
+    return setAxisAngle(MVector::xAxis, theta);
+}
+MQuaternion& MQuaternion::setToYAxis(double theta) {
+    return setAxisAngle(MVector::yAxis, theta);
+}
+MQuaternion& MQuaternion::setToZAxis(double theta) {
+    return setAxisAngle(MVector::zAxis, theta);
+}
 
 MStatus MQuaternion::get(double dest[4]) const {
     if (!dest) return MS::kInvalidParameter;
@@ -120,20 +135,27 @@ MQuaternion MQuaternion::operator-(const MQuaternion& other) const {
 MQuaternion MQuaternion::operator*(const MQuaternion& other) const {
     const MQuaternion& a = other;
     const MQuaternion& b = *this;
-    return MQuaternion(a.w * b.x + a.x * b.w + a.y * b.z - a.z * b.y, a.w * b.y - a.x * b.z + a.y * b.w + a.z * b.x,
-                       a.w * b.z + a.x * b.y - a.y * b.x + a.z * b.w, a.w * b.w - a.x * b.x - a.y * b.y - a.z * b.z);
+    return MQuaternion(
+        a.w * b.x + a.x * b.w + a.y * b.z - a.z * b.y, a.w * b.y - a.x * b.z + a.y * b.w + a.z * b.x,
+        a.w * b.z + a.x * b.y - a.y * b.x + a.z * b.w, a.w * b.w - a.x * b.x - a.y * b.y - a.z * b.z);
 }
 
-MQuaternion& MQuaternion::operator*=(const MQuaternion& rhs) { return *this = *this * rhs; }
+MQuaternion& MQuaternion::operator*=(const MQuaternion& rhs) {
+    return *this = *this * rhs;
+}
 
-MQuaternion& MQuaternion::negateIt() { return *this = -*this; }
+MQuaternion& MQuaternion::negateIt() {
+    return *this = -*this;
+}
 
 bool MQuaternion::isEquivalent(const MQuaternion& other, double tolerance) const {
     return std::abs(x - other.x) <= tolerance && std::abs(y - other.y) <= tolerance &&
            std::abs(z - other.z) <= tolerance && std::abs(w - other.w) <= tolerance;
 }
 
-MQuaternion& MQuaternion::scaleIt(double scale) { return *this = scale * *this; }
+MQuaternion& MQuaternion::scaleIt(double scale) {
+    return *this = scale * *this;
+}
 
 // A zero quaternion cannot be normalised and is returned as it is.
 MQuaternion MQuaternion::normal() const {
@@ -141,8 +163,12 @@ MQuaternion MQuaternion::normal() const {
     return len > 0.0 ? MQuaternion(x / len, y / len, z / len, w / len) : *this;
 }
 
-MQuaternion& MQuaternion::normalizeIt() { return *this = normal(); }
-MQuaternion& MQuaternion::conjugateIt() { return *this = conjugate(); }
+MQuaternion& MQuaternion::normalizeIt() {
+    return *this = normal();
+}
+MQuaternion& MQuaternion::conjugateIt() {
+    return *this = conjugate();
+}
 
 // A zero quaternion has no inverse and is returned as it is.
 MQuaternion MQuaternion::inverse() const {
@@ -150,7 +176,9 @@ MQuaternion MQuaternion::inverse() const {
     return norm > 0.0 ? (1.0 / norm) * conjugate() : *this;
 }
 
-MQuaternion& MQuaternion::invertIt() { return *this = inverse(); }
+MQuaternion& MQuaternion::invertIt() {
+    return *this = inverse();
+}
 
 MQuaternion operator*(double scale, const MQuaternion& other) {
     return MQuaternion(scale * other.x, scale * other.y, scale * other.z, scale * other.w);

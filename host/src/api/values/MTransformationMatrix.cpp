@@ -12,28 +12,42 @@ namespace {
 
 using Order = MTransformationMatrix::RotationOrder;
 
-bool isValid(Order order) { return order > MTransformationMatrix::kInvalid && order < MTransformationMatrix::kLast; }
+bool isValid(Order order) {
+    return order > MTransformationMatrix::kInvalid && order < MTransformationMatrix::kLast;
+}
 
 // The two enumerations are one apart, so orders are mapped by name, never by value.
 MEulerRotation::RotationOrder toEuler(Order order) {
     switch (order) {
-    case MTransformationMatrix::kYZX: return MEulerRotation::kYZX;
-    case MTransformationMatrix::kZXY: return MEulerRotation::kZXY;
-    case MTransformationMatrix::kXZY: return MEulerRotation::kXZY;
-    case MTransformationMatrix::kYXZ: return MEulerRotation::kYXZ;
-    case MTransformationMatrix::kZYX: return MEulerRotation::kZYX;
-    default: return MEulerRotation::kXYZ;
+    case MTransformationMatrix::kYZX:
+        return MEulerRotation::kYZX;
+    case MTransformationMatrix::kZXY:
+        return MEulerRotation::kZXY;
+    case MTransformationMatrix::kXZY:
+        return MEulerRotation::kXZY;
+    case MTransformationMatrix::kYXZ:
+        return MEulerRotation::kYXZ;
+    case MTransformationMatrix::kZYX:
+        return MEulerRotation::kZYX;
+    default:
+        return MEulerRotation::kXYZ;
     }
 }
 
 Order fromEuler(MEulerRotation::RotationOrder order) {
     switch (order) {
-    case MEulerRotation::kYZX: return MTransformationMatrix::kYZX;
-    case MEulerRotation::kZXY: return MTransformationMatrix::kZXY;
-    case MEulerRotation::kXZY: return MTransformationMatrix::kXZY;
-    case MEulerRotation::kYXZ: return MTransformationMatrix::kYXZ;
-    case MEulerRotation::kZYX: return MTransformationMatrix::kZYX;
-    default: return MTransformationMatrix::kXYZ;
+    case MEulerRotation::kYZX:
+        return MTransformationMatrix::kYZX;
+    case MEulerRotation::kZXY:
+        return MTransformationMatrix::kZXY;
+    case MEulerRotation::kXZY:
+        return MTransformationMatrix::kXZY;
+    case MEulerRotation::kYXZ:
+        return MTransformationMatrix::kYXZ;
+    case MEulerRotation::kZYX:
+        return MTransformationMatrix::kZYX;
+    default:
+        return MTransformationMatrix::kXYZ;
     }
 }
 
@@ -62,10 +76,14 @@ void completeFrame(MVector axes[3]) {
         if (axes[i] != MVector::zero) continue;
         const MVector& next = axes[(i + 1) % 3];
         const MVector& previous = axes[(i + 2) % 3];
-        if (next != MVector::zero && previous != MVector::zero) axes[i] = next ^ previous;
-        else if (next != MVector::zero) axes[i] = talven::perpendicular(next);
-        else if (previous != MVector::zero) axes[i] = talven::perpendicular(previous);
-        else axes[i] = i == 0 ? MVector::xAxis : i == 1 ? MVector::yAxis : MVector::zAxis;
+        if (next != MVector::zero && previous != MVector::zero)
+            axes[i] = next ^ previous;
+        else if (next != MVector::zero)
+            axes[i] = talven::perpendicular(next);
+        else if (previous != MVector::zero)
+            axes[i] = talven::perpendicular(previous);
+        else
+            axes[i] = i == 0 ? MVector::xAxis : i == 1 ? MVector::yAxis : MVector::zAxis;
     }
 }
 
@@ -73,7 +91,9 @@ void completeFrame(MVector axes[3]) {
 
 const MTransformationMatrix MTransformationMatrix::identity;
 
-MTransformationMatrix::MTransformationMatrix(const MMatrix& src) { *this = src; }
+MTransformationMatrix::MTransformationMatrix(const MMatrix& src) {
+    *this = src;
+}
 
 // Splits the upper 3x3 part into scale * shear * rotation by Gram-Schmidt on its rows (x first),
 // which recovers the components of any S * Sh * R matrix exactly. A mirroring matrix gets all
@@ -112,7 +132,9 @@ MTransformationMatrix& MTransformationMatrix::operator=(const MMatrix& src) {
     return *this;
 }
 
-MMatrix MTransformationMatrix::asMatrix() const { return compose(scale_, shear_, eulerRotation(), translate_); }
+MMatrix MTransformationMatrix::asMatrix() const {
+    return compose(scale_, shear_, eulerRotation(), translate_);
+}
 
 // Each component is taken the given fraction of the way from rest: translation, shear and the
 // rotation angles from 0, scale from 1.
@@ -126,9 +148,15 @@ MMatrix MTransformationMatrix::asMatrix(double percent) const {
     return compose(scale, shear, eulerRotation() * percent, translate);
 }
 
-MMatrix MTransformationMatrix::asMatrixInverse() const { return asMatrix().inverse(); }
-MMatrix MTransformationMatrix::asScaleMatrix() const { return scaleShearMatrix(scale_, shear_); }
-MMatrix MTransformationMatrix::asRotateMatrix() const { return eulerRotation().asMatrix(); }
+MMatrix MTransformationMatrix::asMatrixInverse() const {
+    return asMatrix().inverse();
+}
+MMatrix MTransformationMatrix::asScaleMatrix() const {
+    return scaleShearMatrix(scale_, shear_);
+}
+MMatrix MTransformationMatrix::asRotateMatrix() const {
+    return eulerRotation().asMatrix();
+}
 
 MStatus MTransformationMatrix::getScale(double scale[3], MSpace::Space) const {
     if (!scale) return MS::kInvalidParameter;
@@ -142,7 +170,9 @@ MStatus MTransformationMatrix::setScale(const double scale[3], MSpace::Space) {
     return MS::kSuccess;
 }
 
-MQuaternion MTransformationMatrix::rotation() const { return eulerRotation().asQuaternion(); }
+MQuaternion MTransformationMatrix::rotation() const {
+    return eulerRotation().asQuaternion();
+}
 
 MEulerRotation MTransformationMatrix::eulerRotation() const {
     return MEulerRotation(rotate_[0], rotate_[1], rotate_[2], toEuler(order_));

@@ -27,10 +27,18 @@ MVector MVector::operator^(const MVector& right) const {
     return MVector(y * right.z - z * right.y, z * right.x - x * right.z, x * right.y - y * right.x);
 }
 
-MVector& MVector::operator/=(double scalar) { return *this = *this / scalar; }
-MVector& MVector::operator*=(double scalar) { return *this = *this * scalar; }
-MVector& MVector::operator+=(const MVector& other) { return *this = *this + other; }
-MVector& MVector::operator-=(const MVector& other) { return *this = *this - other; }
+MVector& MVector::operator/=(double scalar) {
+    return *this = *this / scalar;
+}
+MVector& MVector::operator*=(double scalar) {
+    return *this = *this * scalar;
+}
+MVector& MVector::operator+=(const MVector& other) {
+    return *this = *this + other;
+}
+MVector& MVector::operator-=(const MVector& other) {
+    return *this = *this - other;
+}
 
 // A direction ignores the matrix's translation row.
 MVector MVector::operator*(const MMatrix& right) const {
@@ -38,7 +46,9 @@ MVector MVector::operator*(const MMatrix& right) const {
     return MVector(x * m[0][0] + y * m[1][0] + z * m[2][0], x * m[0][1] + y * m[1][1] + z * m[2][1],
                    x * m[0][2] + y * m[1][2] + z * m[2][2]);
 }
-MVector& MVector::operator*=(const MMatrix& right) { return *this = *this * right; }
+MVector& MVector::operator*=(const MMatrix& right) {
+    return *this = *this * right;
+}
 
 MVector operator*(const MMatrix& left, const MVector& right) {
     const auto& m = left.matrix;
@@ -47,19 +57,29 @@ MVector operator*(const MMatrix& left, const MVector& right) {
                    m[2][0] * right.x + m[2][1] * right.y + m[2][2] * right.z);
 }
 
-MVector MVector::rotateBy(const MQuaternion& q) const { return *this * q.asMatrix(); }
-MVector MVector::rotateBy(const MEulerRotation& r) const { return *this * r.asMatrix(); }
+MVector MVector::rotateBy(const MQuaternion& q) const {
+    return *this * q.asMatrix();
+}
+MVector MVector::rotateBy(const MEulerRotation& r) const {
+    return *this * r.asMatrix();
+}
 
 MVector MVector::rotateBy(MVector::Axis axis, const double angle) const {
     switch (axis) {
-    case kXaxis: return rotateBy(MQuaternion().setToXAxis(angle));
-    case kYaxis: return rotateBy(MQuaternion().setToYAxis(angle));
-    case kZaxis: return rotateBy(MQuaternion().setToZAxis(angle));
-    default: return *this;
+    case kXaxis:
+        return rotateBy(MQuaternion().setToXAxis(angle));
+    case kYaxis:
+        return rotateBy(MQuaternion().setToYAxis(angle));
+    case kZaxis:
+        return rotateBy(MQuaternion().setToZAxis(angle));
+    default:
+        return *this;
     }
 }
 
-MQuaternion MVector::rotateTo(const MVector& target) const { return MQuaternion(*this, target); }
+MQuaternion MVector::rotateTo(const MVector& target) const {
+    return MQuaternion(*this, target);
+}
 
 MStatus MVector::get(double dest[3]) const {
     if (!dest) return MS::kInvalidParameter;
@@ -69,7 +89,9 @@ MStatus MVector::get(double dest[3]) const {
     return MS::kSuccess;
 }
 
-double MVector::length() const { return std::sqrt(x * x + y * y + z * z); }
+double MVector::length() const {
+    return std::sqrt(x * x + y * y + z * z);
+}
 
 // The zero vector has no direction and stays zero.
 MVector MVector::normal() const {

@@ -57,7 +57,9 @@ template <class T> T det4x4(const Rows<T>& m) {
     return det;
 }
 
-template <class T> T det3x3(const Rows<T>& m) { return minor3(m, 3, 3); }
+template <class T> T det3x3(const Rows<T>& m) {
+    return minor3(m, 3, 3);
+}
 
 // Classical adjugate: the transposed cofactor matrix.
 template <class T> void adjoint(const Rows<T>& m, Rows<T>& out) {

@@ -1,0 +1,28 @@
+#pragma once
+// Function set on the plug-in being loaded: its identity, and the commands it adds to the host.
+#include <maya/MObject.h>
+#include <maya/MStatus.h>
+#include <maya/MString.h>
+#include <maya/MTypes.h>
+
+class MFnPlugin {
+public:
+    MFnPlugin();
+    MFnPlugin(MObject& object, const char* vendor = "Unknown", const char* version = "Unknown",
+              const char* requiredApiVersion = "Any", MStatus* ReturnStatus = 0L);
+    MFnPlugin(const MFnPlugin&) = delete;
+    MFnPlugin& operator=(const MFnPlugin&) = delete;
+    virtual ~MFnPlugin();
+
+    MString vendor(MStatus* ReturnStatus = NULL) const;
+    MString version(MStatus* ReturnStatus = NULL) const;
+    MString apiVersion(MStatus* ReturnStatus = NULL) const;
+    MString name(MStatus* ReturnStatus = NULL) const;
+    MString loadPath(MStatus* ReturnStatus = NULL) const;
+
+    MStatus registerCommand(const MString& commandName, MCreatorFunction creatorFunction,
+                            MCreateSyntaxFunction createSyntaxFunction = nullptr);
+    MStatus deregisterCommand(const MString& commandName);
+    MStatus registerContextCommand(const MString& commandName, MCreatorFunction creatorFunction);
+    MStatus deregisterContextCommand(const MString& commandName);
+};

@@ -1,0 +1,44 @@
+#include "api/MeshAccess.h"
+
+#include "api/ObjectRef.h"
+#include "api/Transforms.h"
+
+namespace host {
+
+std::shared_ptr<const MeshData> readMesh(const MObject& object) {
+    if (NodePtr node = nodeOf(object)) {
+        if (!node->type().isA("mesh")) return nullptr;
+        if (!node->mesh()) node->mesh() = std::make_shared<MeshData>();
+        return node->mesh();
+    }
+    auto data = dataOf(object);
+    if (data && data->kind == DataKind::Mesh) return std::static_pointer_cast<const MeshData>(data);
+    return nullptr;
+}
+
+MeshData* writeMesh(const MObject& object) {
+    if (NodePtr node = nodeOf(object)) {
+        if (!node->type().isA("mesh")) return nullptr;
+        auto& mesh = node->mesh();
+        if (!mesh) mesh = std::make_shared<MeshData>();
+        else if (mesh.use_count() > 1) mesh = std::static_pointer_cast<MeshData>(mesh->clone());
+        node->touch();
+        return mesh.get();
+    }
+    return dataOf<MeshData>(object);
+}
+
+MMatrix meshSpaceMatrix(const MObject& object, MSpace::Space space) {
+    NodePtr node = nodeOf(object);
+    if (!node || space != MSpace::kWorld) return MMatrix();
+    return worldMatrix(*node);
+}
+
+void componentElements(const MObject& component, std::vector<int>& elements, bool& all) {
+    elements.clear();
+    auto c = dataOf<ComponentData>(component);
+    all = !c || c->complete;
+    if (c && !all) elements = c->elements;
+}
+
+} // namespace host
