@@ -1,6 +1,6 @@
 #pragma once
-// The context a value is read in. The host evaluates at the current time only: every context is
-// the normal one.
+// The context a value is read in: normal (the current time) or at a given time. The host itself
+// evaluates at the current time only.
 #include <maya/MStatus.h>
 #include <maya/MTime.h>
 #include <maya/MTypes.h>

@@ -34,7 +34,6 @@ public:
     MMatrix asMatrix() const;
     MVector asVector() const;
     double operator[](unsigned int i) const { return i == 0 ? x : i == 1 ? y : z; }
-    double& operator[](unsigned int i) { return i == 0 ? x : i == 1 ? y : z; }
 
     // Angle-wise sums and differences, in this rotation's order.
     MEulerRotation operator+(const MEulerRotation& other) const;

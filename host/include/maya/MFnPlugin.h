@@ -1,18 +1,21 @@
 #pragma once
 // Function set on the plug-in being loaded: its identity, and the commands it adds to the host.
+#include <maya/MFnBase.h>
 #include <maya/MObject.h>
 #include <maya/MStatus.h>
 #include <maya/MString.h>
 #include <maya/MTypes.h>
 
-class MFnPlugin {
+class MFnPlugin : public MFnBase {
 public:
     MFnPlugin();
     MFnPlugin(MObject& object, const char* vendor = "Unknown", const char* version = "Unknown",
               const char* requiredApiVersion = "Any", MStatus* ReturnStatus = 0L);
     MFnPlugin(const MFnPlugin&) = delete;
     MFnPlugin& operator=(const MFnPlugin&) = delete;
-    virtual ~MFnPlugin();
+    ~MFnPlugin() override;
+
+    MFn::Type type() const override { return MFn::kPlugin; }
 
     MString vendor(MStatus* ReturnStatus = NULL) const;
     MString version(MStatus* ReturnStatus = NULL) const;

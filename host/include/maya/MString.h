@@ -67,8 +67,6 @@ public:
     MString substring(int start, int end) const;
     MString substringW(int start, int end) const { return substring(start, end); }
     MStatus split(char delimiter, MStringArray& output) const;
-    MString& toLowerCase();
-    MString& toUpperCase();
     MString toLowerCase() const;
     MString toUpperCase() const;
     MStatus substitute(const MString& match, const MString& replacement);

@@ -176,16 +176,16 @@ MStatus MString::split(char delimiter, MStringArray& output) const {
     return MS::kSuccess;
 }
 
-MString& MString::toLowerCase() {
-    for (char& c : text_) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return *this;
+MString MString::toLowerCase() const {
+    MString copy(*this);
+    for (char& c : copy.text_) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return copy;
 }
-MString& MString::toUpperCase() {
-    for (char& c : text_) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-    return *this;
+MString MString::toUpperCase() const {
+    MString copy(*this);
+    for (char& c : copy.text_) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    return copy;
 }
-MString MString::toLowerCase() const { return MString(*this).toLowerCase(); }
-MString MString::toUpperCase() const { return MString(*this).toUpperCase(); }
 
 MStatus MString::substitute(const MString& match, const MString& replacement) {
     if (match.text_.empty()) return MS::kFailure;

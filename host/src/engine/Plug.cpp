@@ -64,7 +64,7 @@ namespace {
 
 // The attribute chain from the top down without allocating; plugs deeper than this are refused.
 struct Chain {
-    std::array<const AttrSpec*, 16> items;
+    std::array<const AttrSpec*, 16> items{};
     std::size_t count = 0;
     explicit Chain(const AttrSpec* attr) {
         for (const AttrSpec* a = attr; a && count < items.size(); a = a->parent) items[count++] = a;

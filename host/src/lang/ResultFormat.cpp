@@ -8,11 +8,21 @@ namespace host {
 
 namespace {
 
-std::string editorText(std::monostate) { return {}; }
-std::string editorText(int value) { return std::to_string(value); }
-std::string editorText(double value) { return formatNumber(value); }
-std::string editorText(bool value) { return value ? "1" : "0"; }
-std::string editorText(const std::string& value) { return value; }
+std::string editorText(std::monostate) {
+    return {};
+}
+std::string editorText(int value) {
+    return std::to_string(value);
+}
+std::string editorText(double value) {
+    return formatNumber(value);
+}
+std::string editorText(bool value) {
+    return value ? "1" : "0";
+}
+std::string editorText(const std::string& value) {
+    return value;
+}
 
 template <typename T> std::string editorText(const std::vector<T>& values) {
     std::string text;
@@ -68,13 +78,27 @@ std::string jsonString(std::string_view text) {
             continue;
         }
         switch (c) {
-        case '"': out += "\\\""; break;
-        case '\\': out += "\\\\"; break;
-        case '\n': out += "\\n"; break;
-        case '\r': out += "\\r"; break;
-        case '\t': out += "\\t"; break;
-        case '\b': out += "\\b"; break;
-        case '\f': out += "\\f"; break;
+        case '"':
+            out += "\\\"";
+            break;
+        case '\\':
+            out += "\\\\";
+            break;
+        case '\n':
+            out += "\\n";
+            break;
+        case '\r':
+            out += "\\r";
+            break;
+        case '\t':
+            out += "\\t";
+            break;
+        case '\b':
+            out += "\\b";
+            break;
+        case '\f':
+            out += "\\f";
+            break;
         default:
             if (c < 0x20) {
                 char escaped[8];
@@ -90,10 +114,18 @@ std::string jsonString(std::string_view text) {
     return out;
 }
 
-std::string jsonValue(std::monostate) { return "null"; }
-std::string jsonValue(int value) { return std::to_string(value); }
-std::string jsonValue(bool value) { return value ? "true" : "false"; }
-std::string jsonValue(const std::string& value) { return jsonString(value); }
+std::string jsonValue(std::monostate) {
+    return "null";
+}
+std::string jsonValue(int value) {
+    return std::to_string(value);
+}
+std::string jsonValue(bool value) {
+    return value ? "true" : "false";
+}
+std::string jsonValue(const std::string& value) {
+    return jsonString(value);
+}
 
 // The shortest text that reads back as the same double; integral values keep a ".0" so readers
 // still see a floating-point number. JSON has no NaN or infinity: those become null.
@@ -117,9 +149,12 @@ template <typename T> std::string jsonValue(const std::vector<T>& values) {
 
 const char* kindName(MessageKind kind) {
     switch (kind) {
-    case MessageKind::Error: return "error";
-    case MessageKind::Warning: return "warning";
-    case MessageKind::Info: break;
+    case MessageKind::Error:
+        return "error";
+    case MessageKind::Warning:
+        return "warning";
+    case MessageKind::Info:
+        break;
     }
     return "info";
 }
@@ -139,9 +174,12 @@ std::string formatResult(const CommandResult& result) {
 
 std::string formatMessage(const Message& message) {
     switch (message.kind) {
-    case MessageKind::Error: return "// Error: " + message.text + " //";
-    case MessageKind::Warning: return "// Warning: " + message.text + " //";
-    case MessageKind::Info: break;
+    case MessageKind::Error:
+        return "// Error: " + message.text + " //";
+    case MessageKind::Warning:
+        return "// Warning: " + message.text + " //";
+    case MessageKind::Info:
+        break;
     }
     return message.text;
 }

@@ -7,7 +7,9 @@ namespace host {
 
 namespace {
 
-bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v'; }
+bool isBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v';
+}
 
 // Characters that end a word; '/' ends one only where a comment starts.
 constexpr std::array<bool, 256> makeWordEnds() {
@@ -124,11 +126,19 @@ bool Tokenizer::readString(std::string& out) {
         out.append(text_.data() + chunk, pos_ - chunk);
         const char escaped = text_[pos_ + 1];
         switch (escaped) {
-        case 'n': out += '\n'; break;
-        case 't': out += '\t'; break;
-        case 'r': out += '\r'; break;
+        case 'n':
+            out += '\n';
+            break;
+        case 't':
+            out += '\t';
+            break;
+        case 'r':
+            out += '\r';
+            break;
         case '"':
-        case '\\': out += escaped; break;
+        case '\\':
+            out += escaped;
+            break;
         default:
             // Unknown escapes are kept as written, so a path like "C:\data" survives.
             out += '\\';

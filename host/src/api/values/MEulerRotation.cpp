@@ -199,11 +199,11 @@ MEulerRotation& MEulerRotation::boundIt() {
 // R1(a) R2(b) R3(c) equals R1(a + pi) R2(pi - b) R3(c + pi) for any three distinct axes.
 MEulerRotation MEulerRotation::alternateSolution() const {
     const Axes a = axesOf(order);
-    MEulerRotation result(*this);
-    result[a.i] += kPi;
-    result[a.j] = kPi - result[a.j];
-    result[a.k] += kPi;
-    return result.bound();
+    double angle[3] = {x, y, z};
+    angle[a.i] += kPi;
+    angle[a.j] = kPi - angle[a.j];
+    angle[a.k] += kPi;
+    return MEulerRotation(angle[0], angle[1], angle[2], order).bound();
 }
 MEulerRotation& MEulerRotation::setToAlternateSolution(const MEulerRotation& src) {
     return *this = src.alternateSolution();

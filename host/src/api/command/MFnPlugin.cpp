@@ -1,0 +1,94 @@
+#include <maya/MFnPlugin.h>
+
+#include "api/command/ContextRegistry.h"
+#include "api/command/PluginCommand.h"
+#include "api/command/PluginRegistry.h"
+#include "engine/Session.h"
+
+#include <maya/MSyntax.h>
+
+namespace {
+
+void setStatus(MStatus* status) {
+    if (status) *status = MS::kSuccess;
+}
+
+MStatus addCommand(const MString& name, host::CommandHandler handler, bool context) {
+    if (name.length() == 0) return MS::kInvalidParameter;
+    if (!host::commandTable().add(name.str(), std::move(handler))) return MS::kFailure;
+    host::talvenPlugin().commands[name.str()] = context;
+    return MS::kSuccess;
+}
+
+// Removes a command this plug-in registered with the same kind of call.
+MStatus removeCommand(const MString& name, bool context) {
+    auto& commands = host::talvenPlugin().commands;
+    auto it = commands.find(name.str());
+    if (it == commands.end() || it->second != context) return MS::kFailure;
+    commands.erase(it);
+    host::commandTable().remove(name.str());
+    if (context) host::removeContextsOf(name.str());
+    return MS::kSuccess;
+}
+
+} // namespace
+
+MFnPlugin::MFnPlugin() = default;
+
+// The identity given while initializePlugin runs is the plug-in's; later function sets (as in
+// uninitializePlugin) only read it.
+MFnPlugin::MFnPlugin(MObject&, const char* vendor, const char* version, const char* requiredApiVersion,
+                     MStatus* ReturnStatus) {
+    host::PluginRecord& plugin = host::talvenPlugin();
+    if (plugin.loading) {
+        plugin.vendor = vendor ? vendor : "";
+        plugin.version = version ? version : "";
+        plugin.apiVersion = requiredApiVersion ? requiredApiVersion : "";
+    }
+    setStatus(ReturnStatus);
+}
+
+MFnPlugin::~MFnPlugin() = default;
+
+MString MFnPlugin::vendor(MStatus* ReturnStatus) const {
+    setStatus(ReturnStatus);
+    return MString(host::talvenPlugin().vendor);
+}
+
+MString MFnPlugin::version(MStatus* ReturnStatus) const {
+    setStatus(ReturnStatus);
+    return MString(host::talvenPlugin().version);
+}
+
+MString MFnPlugin::apiVersion(MStatus* ReturnStatus) const {
+    setStatus(ReturnStatus);
+    return MString(host::talvenPlugin().apiVersion);
+}
+
+MString MFnPlugin::name(MStatus* ReturnStatus) const {
+    setStatus(ReturnStatus);
+    return MString(host::talvenPlugin().name);
+}
+
+MString MFnPlugin::loadPath(MStatus* ReturnStatus) const {
+    setStatus(ReturnStatus);
+    return MString(host::pluginLoadPath());
+}
+
+MStatus MFnPlugin::registerCommand(const MString& commandName, MCreatorFunction creatorFunction,
+                                   MCreateSyntaxFunction createSyntaxFunction) {
+    if (!creatorFunction) return MS::kInvalidParameter;
+    const MSyntax syntax = createSyntaxFunction ? createSyntaxFunction() : MSyntax();
+    return addCommand(commandName, host::pluginCommandHandler(creatorFunction, syntax), false);
+}
+
+MStatus MFnPlugin::deregisterCommand(const MString& commandName) { return removeCommand(commandName, false); }
+
+MStatus MFnPlugin::registerContextCommand(const MString& commandName, MCreatorFunction creatorFunction) {
+    if (!creatorFunction) return MS::kInvalidParameter;
+    return addCommand(commandName, host::contextCommandHandler(commandName.str(), creatorFunction), true);
+}
+
+MStatus MFnPlugin::deregisterContextCommand(const MString& commandName) {
+    return removeCommand(commandName, true);
+}

@@ -1,0 +1,30 @@
+#include "engine/Session.h"
+
+#include "api/command/PluginRegistry.h"
+#include "api/command/SessionCommands.h"
+#include "engine/Scene.h"
+#include "lang/Interpreter.h"
+
+namespace host {
+
+CommandTable& commandTable() {
+    static CommandTable table;
+    return table;
+}
+
+Interpreter& interpreter() {
+    static Interpreter instance(commandTable(), messageLog());
+    return instance;
+}
+
+bool startSession(CommandTable& table, MessageLog& log) {
+    // A table that has the framework's commands has been set up before.
+    if (!table.find("pluginInfo")) {
+        registerBuiltinCommands(table);
+        registerUndoCommands(table);
+        registerPluginCommands(table);
+    }
+    return loadTalvenPlugin(log);
+}
+
+} // namespace host
