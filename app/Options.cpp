@@ -55,6 +55,7 @@ Inputs run in the order given:
   scene.ma          a Maya ASCII scene, opened as by  file -f -o "scene.ma"
   script.mel        any other file: a script of commands, run statement by statement
   -c "commands"     command text given on the command line
+  -                 a script read from standard input
 
 With no inputs, talven reads commands from standard input: an interactive shell when it is a
 terminal (prompt "talven> ", history in ~/.talven_history, "quit", "exit" or Ctrl-D to leave),

@@ -10,7 +10,9 @@ Reporter::Reporter(host::MessageLog& log, bool json)
     : log_(log), json_(json),
       listener_(log.addListener([this](const host::Message& message) { onMessage(message); })) {}
 
-Reporter::~Reporter() { log_.removeListener(listener_); }
+Reporter::~Reporter() {
+    log_.removeListener(listener_);
+}
 
 void Reporter::report(const host::Outcome& outcome) {
     const std::string line = json_ ? host::formatJson(outcome) : host::formatResult(outcome.result);

@@ -6,6 +6,11 @@
 #include <maya/MString.h>
 #include <maya/MTypes.h>
 
+// Marks initializePlugin/uninitializePlugin for export, as plug-ins declare them.
+#ifndef PLUGIN_EXPORT
+#define PLUGIN_EXPORT __attribute__((visibility("default")))
+#endif
+
 class MFnPlugin : public MFnBase {
 public:
     MFnPlugin();

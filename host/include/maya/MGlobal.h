@@ -25,7 +25,8 @@ public:
 
     // Runs command text. With displayEnabled the command and its result are echoed as information
     // lines; without undoEnabled the commands it runs leave nothing on the undo queue.
-    static MStatus executeCommand(const MString& command, bool displayEnabled = false, bool undoEnabled = false);
+    static MStatus executeCommand(const MString& command, bool displayEnabled = false,
+                                  bool undoEnabled = false);
     static MStatus executeCommand(const MString& command, MCommandResult& result, bool displayEnabled = false,
                                   bool undoEnabled = false);
     static MStatus executeCommand(const MString& command, int& result, bool displayEnabled = false,

@@ -41,7 +41,8 @@ public:
     MStatus makeFlagMultiUse(const char* flag);
     void useSelectionAsDefault(bool useSelectionList = false);
     MStatus setObjectType(MObjectFormat objectFormat, unsigned int minimumObjects = 0);
-    MStatus setObjectType(MObjectFormat objectFormat, unsigned int minimumObjects, unsigned int maximumObjects);
+    MStatus setObjectType(MObjectFormat objectFormat, unsigned int minimumObjects,
+                          unsigned int maximumObjects);
     MStatus setMinObjects(unsigned int minimumObjectCount);
     unsigned int minObjects() const;
     MStatus setMaxObjects(unsigned int maximumObjectCount);

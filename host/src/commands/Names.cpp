@@ -39,9 +39,13 @@ Plug lookupPlug(const std::string& text, std::string* error) {
     Plug plug = resolveAttrPath(node, path, error);
     std::string name;
     bool indexed = false;
-    if (plug.isNull() && (fileReadingMode() || node->type().generic) && !node->findAttr(path.substr(0, path.find_first_of(".["))) &&
-        splitSimplePath(path, name, indexed) && node->obtainGenericAttr(name, indexed))
-        plug = resolveAttrPath(node, path, error);
+    if (plug.isNull() && (fileReadingMode() || node->type().generic) && splitSimplePath(path, name, indexed)) {
+        const AttrSpec* existing = node->findAttr(name);
+        // Files size a generic multi ("setAttr -s 3 .wm") before they index it.
+        for (const AttrPtr& own : node->dynamicAttrs())
+            if (own.get() == existing && own->type == AttrType::Generic && indexed) own->multi = true;
+        if (existing || node->obtainGenericAttr(name, indexed)) plug = resolveAttrPath(node, path, error);
+    }
     if (plug.isNull() && error && error->empty()) *error = notFound;
     return plug;
 }

@@ -119,14 +119,15 @@ private:
         const bool takesObjects = selectionList || syntax().objectFormat == MSyntax::kStringObjects;
         const unsigned int maximum = takesObjects ? syntax().maxObjects : 0;
         const unsigned int minimum = takesObjects ? syntax().minObjects : 0;
-        const std::size_t found = parsed.objectsFromSelection ? parsed.objects.length() : parsed.objectWords.size();
+        const std::size_t found =
+            parsed.objectsFromSelection ? parsed.objects.length() : parsed.objectWords.size();
         if (found < minimum) {
-            return fail("Not enough objects or values: expected at least " + std::to_string(minimum) + ", found " +
-                        std::to_string(found) + ".");
+            return fail("Not enough objects or values: expected at least " + std::to_string(minimum) +
+                        ", found " + std::to_string(found) + ".");
         }
         if (found > maximum) {
-            return fail("Too many objects or values: expected at most " + std::to_string(maximum) + ", found " +
-                        std::to_string(found) + ".");
+            return fail("Too many objects or values: expected at most " + std::to_string(maximum) +
+                        ", found " + std::to_string(found) + ".");
         }
         return true;
     }

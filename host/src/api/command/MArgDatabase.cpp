@@ -70,4 +70,6 @@ MStatus MArgDatabase::getObjects(MSelectionList& result) const {
     return MS::kSuccess;
 }
 
-MStatus MArgDatabase::getObjects(MStringArray& result) const { return MArgParser::getObjects(result); }
+MStatus MArgDatabase::getObjects(MStringArray& result) const {
+    return MArgParser::getObjects(result);
+}

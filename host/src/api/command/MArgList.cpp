@@ -1,8 +1,7 @@
 #include <maya/MArgList.h>
 
 #include "api/command/WordValue.h"
-#include "lang/ResultFormat.h"
-
+#include <charconv>
 #include <cstring>
 
 const unsigned int MArgList::kInvalidArgIndex = 0xFFFFFFFFu;
@@ -47,20 +46,32 @@ unsigned int MArgList::flagIndex(const char* shortFlag, const char* longFlag) co
     for (std::size_t i = 0; i < words_.size(); ++i) {
         if (quoted_[i]) continue;
         const char* word = words_[i].asChar();
-        if ((shortFlag && std::strcmp(word, shortFlag) == 0) || (longFlag && std::strcmp(word, longFlag) == 0)) {
+        if ((shortFlag && std::strcmp(word, shortFlag) == 0) ||
+            (longFlag && std::strcmp(word, longFlag) == 0)) {
             return static_cast<unsigned int>(i);
         }
     }
     return kInvalidArgIndex;
 }
 
-MArgList& MArgList::addArg(bool arg) { return addWord(arg ? "true" : "false", false); }
+MArgList& MArgList::addArg(bool arg) {
+    return addWord(arg ? "true" : "false", false);
+}
 
-MArgList& MArgList::addArg(int arg) { return addWord(MString(std::to_string(arg)), false); }
+MArgList& MArgList::addArg(int arg) {
+    return addWord(MString(std::to_string(arg)), false);
+}
 
-MArgList& MArgList::addArg(double arg) { return addWord(MString(host::formatNumber(arg)), false); }
+// The shortest text that reads back as the same double.
+MArgList& MArgList::addArg(double arg) {
+    char buffer[32];
+    const auto end = std::to_chars(buffer, buffer + sizeof buffer, arg).ptr;
+    return addWord(MString(buffer, static_cast<int>(end - buffer)), false);
+}
 
-MArgList& MArgList::addArg(const MString& arg) { return addWord(arg, false); }
+MArgList& MArgList::addArg(const MString& arg) {
+    return addWord(arg, false);
+}
 
 MArgList& MArgList::addWord(const MString& word, bool quoted) {
     words_.push_back(word);

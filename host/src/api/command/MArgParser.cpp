@@ -46,15 +46,21 @@ bool MArgParser::isFlagSet(const char* flag, MStatus* ReturnStatus) const {
     return known && parsed_->useCount(flag) > 0;
 }
 
-bool MArgParser::isEdit(MStatus* ReturnStatus) const { return isFlagSet(host::kEditLong, ReturnStatus); }
+bool MArgParser::isEdit(MStatus* ReturnStatus) const {
+    return isFlagSet(host::kEditLong, ReturnStatus);
+}
 
-bool MArgParser::isQuery(MStatus* ReturnStatus) const { return isFlagSet(host::kQueryLong, ReturnStatus); }
+bool MArgParser::isQuery(MStatus* ReturnStatus) const {
+    return isFlagSet(host::kQueryLong, ReturnStatus);
+}
 
 unsigned int MArgParser::numberOfFlagsUsed() const {
     return parsed_ ? static_cast<unsigned int>(parsed_->uses.size()) : 0;
 }
 
-unsigned int MArgParser::numberOfFlagUses(const char* flag) const { return parsed_ ? parsed_->useCount(flag) : 0; }
+unsigned int MArgParser::numberOfFlagUses(const char* flag) const {
+    return parsed_ ? parsed_->useCount(flag) : 0;
+}
 
 MStatus MArgParser::getFlagArgument(const char* flag, unsigned int index, bool& result) const {
     return readArgument(parsed(), flag, index, result, host::parseBoolWord);

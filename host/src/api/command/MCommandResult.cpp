@@ -29,9 +29,21 @@ MCommandResult::Type MCommandResult::resultType(MStatus* ReturnStatus) const {
     return host::resultTypeOf(box_->value);
 }
 
-MStatus MCommandResult::getResult(int& result) const { return read(box_->value, result); }
-MStatus MCommandResult::getResult(double& result) const { return read(box_->value, result); }
-MStatus MCommandResult::getResult(MString& result) const { return read(box_->value, result); }
-MStatus MCommandResult::getResult(MIntArray& result) const { return read(box_->value, result); }
-MStatus MCommandResult::getResult(MDoubleArray& result) const { return read(box_->value, result); }
-MStatus MCommandResult::getResult(MStringArray& result) const { return read(box_->value, result); }
+MStatus MCommandResult::getResult(int& result) const {
+    return read(box_->value, result);
+}
+MStatus MCommandResult::getResult(double& result) const {
+    return read(box_->value, result);
+}
+MStatus MCommandResult::getResult(MString& result) const {
+    return read(box_->value, result);
+}
+MStatus MCommandResult::getResult(MIntArray& result) const {
+    return read(box_->value, result);
+}
+MStatus MCommandResult::getResult(MDoubleArray& result) const {
+    return read(box_->value, result);
+}
+MStatus MCommandResult::getResult(MStringArray& result) const {
+    return read(box_->value, result);
+}

@@ -82,7 +82,9 @@ MStatus MFnPlugin::registerCommand(const MString& commandName, MCreatorFunction 
     return addCommand(commandName, host::pluginCommandHandler(creatorFunction, syntax), false);
 }
 
-MStatus MFnPlugin::deregisterCommand(const MString& commandName) { return removeCommand(commandName, false); }
+MStatus MFnPlugin::deregisterCommand(const MString& commandName) {
+    return removeCommand(commandName, false);
+}
 
 MStatus MFnPlugin::registerContextCommand(const MString& commandName, MCreatorFunction creatorFunction) {
     if (!creatorFunction) return MS::kInvalidParameter;

@@ -37,9 +37,15 @@ MGlobal::MMayaState MGlobal::mayaState(MStatus* ReturnStatus) {
     return kBatch;
 }
 
-void MGlobal::displayInfo(const MString& theMessage) { host::messageLog().info(theMessage.str()); }
-void MGlobal::displayWarning(const MString& theWarning) { host::messageLog().warning(theWarning.str()); }
-void MGlobal::displayError(const MString& theError) { host::messageLog().error(theError.str()); }
+void MGlobal::displayInfo(const MString& theMessage) {
+    host::messageLog().info(theMessage.str());
+}
+void MGlobal::displayWarning(const MString& theWarning) {
+    host::messageLog().warning(theWarning.str());
+}
+void MGlobal::displayError(const MString& theError) {
+    host::messageLog().error(theError.str());
+}
 
 MStatus MGlobal::executeCommand(const MString& command, bool displayEnabled, bool undoEnabled) {
     host::CommandResult ignored;
@@ -55,11 +61,13 @@ MStatus MGlobal::executeCommand(const MString& command, int& result, bool displa
     return runInto(command, result, displayEnabled, undoEnabled);
 }
 
-MStatus MGlobal::executeCommand(const MString& command, MIntArray& result, bool displayEnabled, bool undoEnabled) {
+MStatus MGlobal::executeCommand(const MString& command, MIntArray& result, bool displayEnabled,
+                                bool undoEnabled) {
     return runInto(command, result, displayEnabled, undoEnabled);
 }
 
-MStatus MGlobal::executeCommand(const MString& command, double& result, bool displayEnabled, bool undoEnabled) {
+MStatus MGlobal::executeCommand(const MString& command, double& result, bool displayEnabled,
+                                bool undoEnabled) {
     return runInto(command, result, displayEnabled, undoEnabled);
 }
 
@@ -73,7 +81,8 @@ MStatus MGlobal::executeCommand(const MString& command, MStringArray& result, bo
     return runInto(command, result, displayEnabled, undoEnabled);
 }
 
-MStatus MGlobal::executeCommand(const MString& command, MString& result, bool displayEnabled, bool undoEnabled) {
+MStatus MGlobal::executeCommand(const MString& command, MString& result, bool displayEnabled,
+                                bool undoEnabled) {
     return runInto(command, result, displayEnabled, undoEnabled);
 }
 

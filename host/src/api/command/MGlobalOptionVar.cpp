@@ -18,7 +18,9 @@ bool lookup(const MString& name, host::CommandResult& value, bool* exists) {
 
 } // namespace
 
-bool MGlobal::optionVarExists(const MString& name) { return host::scene().optionVars().count(name.str()) > 0; }
+bool MGlobal::optionVarExists(const MString& name) {
+    return host::scene().optionVars().count(name.str()) > 0;
+}
 
 // Numbers convert between int and double; other values read as 0.
 int MGlobal::optionVarIntValue(const MString& name, bool* exists) {
@@ -56,4 +58,6 @@ bool MGlobal::setOptionVarValue(const MString& name, MString value) {
     return true;
 }
 
-void MGlobal::removeOptionVar(const MString& name) { host::scene().optionVars().erase(name.str()); }
+void MGlobal::removeOptionVar(const MString& name) {
+    host::scene().optionVars().erase(name.str());
+}

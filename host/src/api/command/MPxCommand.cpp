@@ -18,8 +18,8 @@ std::vector<std::string> strings(const MStringArray& values) {
 // strings) starts a new array: Maya results never mix them.
 void appendNumber(double value, bool integral) {
     host::CommandResult& result = host::currentResult();
-    const bool integersSoFar = std::holds_alternative<std::monostate>(result) || std::holds_alternative<int>(result) ||
-                               std::holds_alternative<bool>(result) ||
+    const bool integersSoFar = std::holds_alternative<std::monostate>(result) ||
+                               std::holds_alternative<int>(result) || std::holds_alternative<bool>(result) ||
                                std::holds_alternative<std::vector<int>>(result);
     if (integral && integersSoFar) {
         MIntArray values;
@@ -47,15 +47,29 @@ void appendString(const MString& value) {
 MPxCommand::MPxCommand() = default;
 MPxCommand::~MPxCommand() = default;
 
-MStatus MPxCommand::doIt(const MArgList&) { return MS::kSuccess; }
-MStatus MPxCommand::undoIt() { return MS::kSuccess; }
-MStatus MPxCommand::redoIt() { return MS::kSuccess; }
-bool MPxCommand::isUndoable() const { return undoable_; }
-bool MPxCommand::hasSyntax() const { return true; }
+MStatus MPxCommand::doIt(const MArgList&) {
+    return MS::kSuccess;
+}
+MStatus MPxCommand::undoIt() {
+    return MS::kSuccess;
+}
+MStatus MPxCommand::redoIt() {
+    return MS::kSuccess;
+}
+bool MPxCommand::isUndoable() const {
+    return undoable_;
+}
+bool MPxCommand::hasSyntax() const {
+    return true;
+}
 
-MSyntax MPxCommand::syntax() const { return syntax_; }
+MSyntax MPxCommand::syntax() const {
+    return syntax_;
+}
 
-MString MPxCommand::commandString() const { return commandString_; }
+MString MPxCommand::commandString() const {
+    return commandString_;
+}
 
 MStatus MPxCommand::setCommandString(const MString& str) {
     commandString_ = str;
@@ -67,28 +81,64 @@ MStatus MPxCommand::setUndoable(bool state) {
     return MS::kSuccess;
 }
 
-void MPxCommand::displayInfo(const MString& theInfo) { host::messageLog().info(theInfo.str()); }
+void MPxCommand::displayInfo(const MString& theInfo) {
+    host::messageLog().info(theInfo.str());
+}
 
-void MPxCommand::displayWarning(const MString& theWarning, bool) { host::messageLog().warning(theWarning.str()); }
+void MPxCommand::displayWarning(const MString& theWarning, bool) {
+    host::messageLog().warning(theWarning.str());
+}
 
-void MPxCommand::displayError(const MString& theError, bool) { host::messageLog().error(theError.str()); }
+void MPxCommand::displayError(const MString& theError, bool) {
+    host::messageLog().error(theError.str());
+}
 
-void MPxCommand::clearResult() { host::currentResult() = {}; }
-void MPxCommand::setResult(unsigned int val) { host::currentResult() = static_cast<int>(val); }
-void MPxCommand::setResult(int val) { host::currentResult() = val; }
-void MPxCommand::setResult(double val) { host::currentResult() = val; }
-void MPxCommand::setResult(bool val) { host::currentResult() = val; }
-void MPxCommand::setResult(const char* val) { host::currentResult() = std::string(val ? val : ""); }
-void MPxCommand::setResult(const MString& val) { host::currentResult() = val.str(); }
-void MPxCommand::setResult(const MIntArray& val) { host::currentResult() = val.vec(); }
-void MPxCommand::setResult(const MDoubleArray& val) { host::currentResult() = val.vec(); }
-void MPxCommand::setResult(const MStringArray& val) { host::currentResult() = strings(val); }
+void MPxCommand::clearResult() {
+    host::currentResult() = {};
+}
+void MPxCommand::setResult(unsigned int val) {
+    host::currentResult() = static_cast<int>(val);
+}
+void MPxCommand::setResult(int val) {
+    host::currentResult() = val;
+}
+void MPxCommand::setResult(double val) {
+    host::currentResult() = val;
+}
+void MPxCommand::setResult(bool val) {
+    host::currentResult() = val;
+}
+void MPxCommand::setResult(const char* val) {
+    host::currentResult() = std::string(val ? val : "");
+}
+void MPxCommand::setResult(const MString& val) {
+    host::currentResult() = val.str();
+}
+void MPxCommand::setResult(const MIntArray& val) {
+    host::currentResult() = val.vec();
+}
+void MPxCommand::setResult(const MDoubleArray& val) {
+    host::currentResult() = val.vec();
+}
+void MPxCommand::setResult(const MStringArray& val) {
+    host::currentResult() = strings(val);
+}
 
-void MPxCommand::appendToResult(int val) { appendNumber(val, true); }
-void MPxCommand::appendToResult(double val) { appendNumber(val, false); }
-void MPxCommand::appendToResult(bool val) { appendNumber(val ? 1 : 0, true); }
-void MPxCommand::appendToResult(const char* val) { appendString(MString(val)); }
-void MPxCommand::appendToResult(const MString& val) { appendString(val); }
+void MPxCommand::appendToResult(int val) {
+    appendNumber(val, true);
+}
+void MPxCommand::appendToResult(double val) {
+    appendNumber(val, false);
+}
+void MPxCommand::appendToResult(bool val) {
+    appendNumber(val ? 1 : 0, true);
+}
+void MPxCommand::appendToResult(const char* val) {
+    appendString(MString(val));
+}
+void MPxCommand::appendToResult(const MString& val) {
+    appendString(val);
+}
 
 bool MPxCommand::isCurrentResultArray() {
     const auto type = host::resultTypeOf(host::currentResult());

@@ -6,10 +6,18 @@ MPxContext::~MPxContext() = default;
 void MPxContext::toolOnSetup(MEvent&) {}
 void MPxContext::toolOffCleanup() {}
 
-MStatus MPxContext::doPress(MEvent&) { return MS::kSuccess; }
-MStatus MPxContext::doRelease(MEvent&) { return MS::kSuccess; }
-MStatus MPxContext::doDrag(MEvent&) { return MS::kSuccess; }
-MStatus MPxContext::doHold(MEvent&) { return MS::kSuccess; }
+MStatus MPxContext::doPress(MEvent&) {
+    return MS::kSuccess;
+}
+MStatus MPxContext::doRelease(MEvent&) {
+    return MS::kSuccess;
+}
+MStatus MPxContext::doDrag(MEvent&) {
+    return MS::kSuccess;
+}
+MStatus MPxContext::doHold(MEvent&) {
+    return MS::kSuccess;
+}
 
 MStatus MPxContext::doPress(MEvent& event, MHWRender::MUIDrawManager&, const MHWRender::MFrameContext&) {
     return doPress(event);

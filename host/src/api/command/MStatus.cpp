@@ -34,13 +34,17 @@ const char* codeName(MS::StatusCode code) {
 
 } // namespace
 
-MString MStatus::errorString() const { return MString(codeName(code_)); }
+MString MStatus::errorString() const {
+    return MString(codeName(code_));
+}
 
 void MStatus::perror(const char* text) const {
     host::messageLog().error(std::string(text ? text : "") + ": " + codeName(code_));
 }
 
-void MStatus::perror(const MString& text) const { perror(text.asChar()); }
+void MStatus::perror(const MString& text) const {
+    perror(text.asChar());
+}
 
 void MStatus::pAPIerror(const char* file, int line) const {
     host::messageLog().error("API error detected in " + std::string(file ? file : "") + " at line " +

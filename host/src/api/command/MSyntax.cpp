@@ -23,12 +23,15 @@ int SyntaxData::findFlag(std::string_view name) const {
 
 namespace {
 
-bool validName(const char* name) { return name && name[0] != '\0' && std::string_view(name) != "-"; }
+bool validName(const char* name) {
+    return name && name[0] != '\0' && std::string_view(name) != "-";
+}
 
 // Adds or removes one of the built-in no-argument flags (-query, -edit).
 void setModeFlag(host::SyntaxData& data, const char* shortName, const char* longName, bool on) {
     const int index = data.findFlag(longName);
-    if (on && index < 0 && data.findFlag(shortName) < 0) data.flags.push_back({shortName, longName, {}, false});
+    if (on && index < 0 && data.findFlag(shortName) < 0)
+        data.flags.push_back({shortName, longName, {}, false});
     if (!on && index >= 0) data.flags.erase(data.flags.begin() + index);
 }
 
@@ -60,7 +63,9 @@ MStatus MSyntax::makeFlagMultiUse(const char* flag) {
     return MS::kSuccess;
 }
 
-void MSyntax::useSelectionAsDefault(bool useSelectionList) { data_->selectionAsDefault = useSelectionList; }
+void MSyntax::useSelectionAsDefault(bool useSelectionList) {
+    data_->selectionAsDefault = useSelectionList;
+}
 
 MStatus MSyntax::setObjectType(MObjectFormat objectFormat, unsigned int minimumObjects) {
     return setObjectType(objectFormat, minimumObjects, UINT_MAX);
@@ -68,7 +73,8 @@ MStatus MSyntax::setObjectType(MObjectFormat objectFormat, unsigned int minimumO
 
 MStatus MSyntax::setObjectType(MObjectFormat objectFormat, unsigned int minimumObjects,
                                unsigned int maximumObjects) {
-    if (objectFormat <= kInvalidObjectFormat || objectFormat >= kLastObjectFormat) return MS::kInvalidParameter;
+    if (objectFormat <= kInvalidObjectFormat || objectFormat >= kLastObjectFormat)
+        return MS::kInvalidParameter;
     if (minimumObjects > maximumObjects) return MS::kInvalidParameter;
     data_->objectFormat = objectFormat;
     data_->minObjects = minimumObjects;
@@ -82,7 +88,9 @@ MStatus MSyntax::setMinObjects(unsigned int minimumObjectCount) {
     return MS::kSuccess;
 }
 
-unsigned int MSyntax::minObjects() const { return data_->minObjects; }
+unsigned int MSyntax::minObjects() const {
+    return data_->minObjects;
+}
 
 MStatus MSyntax::setMaxObjects(unsigned int maximumObjectCount) {
     if (maximumObjectCount < data_->minObjects) return MS::kInvalidParameter;
@@ -90,16 +98,26 @@ MStatus MSyntax::setMaxObjects(unsigned int maximumObjectCount) {
     return MS::kSuccess;
 }
 
-unsigned int MSyntax::maxObjects() const { return data_->maxObjects; }
+unsigned int MSyntax::maxObjects() const {
+    return data_->maxObjects;
+}
 
 void MSyntax::enableQuery(bool supportsQuery) {
     setModeFlag(*data_, host::kQueryShort, host::kQueryLong, supportsQuery);
 }
 
-void MSyntax::enableEdit(bool supportsEdit) { setModeFlag(*data_, host::kEditShort, host::kEditLong, supportsEdit); }
+void MSyntax::enableEdit(bool supportsEdit) {
+    setModeFlag(*data_, host::kEditShort, host::kEditLong, supportsEdit);
+}
 
-bool MSyntax::canQuery() const { return data_->findFlag(host::kQueryLong) >= 0; }
+bool MSyntax::canQuery() const {
+    return data_->findFlag(host::kQueryLong) >= 0;
+}
 
-bool MSyntax::canEdit() const { return data_->findFlag(host::kEditLong) >= 0; }
+bool MSyntax::canEdit() const {
+    return data_->findFlag(host::kEditLong) >= 0;
+}
 
-void MSyntax::clear() { *data_ = host::SyntaxData(); }
+void MSyntax::clear() {
+    *data_ = host::SyntaxData();
+}

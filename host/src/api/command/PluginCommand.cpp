@@ -55,8 +55,9 @@ std::string unusedContextName(const std::string& base) {
 bool editOrQuery(const std::string& commandName, const MArgParser& parser, const MStringArray& objects) {
     auto it = objects.length() == 1 ? contexts().find(objects[0].str()) : contexts().end();
     if (it == contexts().end() || it->second.commandName != commandName) {
-        messageLog().error(objects.length() == 1 ? "Context not found: " + objects[0].str()
-                                                 : commandName + ": a context name is needed with -edit and -query.");
+        messageLog().error(objects.length() == 1
+                               ? "Context not found: " + objects[0].str()
+                               : commandName + ": a context name is needed with -edit and -query.");
         return false;
     }
     MPxContextCommand& owner = *it->second.command;

@@ -17,17 +17,23 @@ bool truncate(double value, int& out) {
 
 // The result as numbers when it holds numbers; `single` tells a scalar from an array.
 bool numbers(const CommandResult& result, std::vector<double>& out, bool& single) {
-    single = true;
-    if (auto v = std::get_if<int>(&result)) out = {static_cast<double>(*v)};
-    else if (auto b = std::get_if<bool>(&result)) out = {*b ? 1.0 : 0.0};
-    else if (auto d = std::get_if<double>(&result)) out = {*d};
-    else if (auto ints = std::get_if<std::vector<int>>(&result)) out.assign(ints->begin(), ints->end());
-    else if (auto doubles = std::get_if<std::vector<double>>(&result)) out = *doubles;
-    else if (std::holds_alternative<std::monostate>(result)) out.clear();
-    else return false;
-    single = std::holds_alternative<int>(result) || std::holds_alternative<bool>(result) ||
-             std::holds_alternative<double>(result);
-    return true;
+    return std::visit(
+        [&](const auto& value) {
+            using T = std::decay_t<decltype(value)>;
+            single = std::is_arithmetic_v<T>;
+            if constexpr (std::is_arithmetic_v<T>) {
+                out = {static_cast<double>(value)};
+                return true;
+            } else if constexpr (std::is_same_v<T, std::vector<int>> ||
+                                 std::is_same_v<T, std::vector<double>>) {
+                out.assign(value.begin(), value.end());
+                return true;
+            } else {
+                out.clear();
+                return std::is_same_v<T, std::monostate>;
+            }
+        },
+        result);
 }
 
 bool scalar(const CommandResult& result, double& out) {
@@ -38,10 +44,18 @@ bool scalar(const CommandResult& result, double& out) {
     return true;
 }
 
-std::string text(int value) { return std::to_string(value); }
-std::string text(bool value) { return value ? "1" : "0"; }
-std::string text(double value) { return formatNumber(value); }
-std::string text(const std::string& value) { return value; }
+std::string text(int value) {
+    return std::to_string(value);
+}
+std::string text(bool value) {
+    return value ? "1" : "0";
+}
+std::string text(double value) {
+    return formatNumber(value);
+}
+std::string text(const std::string& value) {
+    return value;
+}
 
 } // namespace
 
@@ -49,13 +63,20 @@ MCommandResult::Type resultTypeOf(const CommandResult& result) {
     return std::visit(
         [](const auto& value) {
             using T = std::decay_t<decltype(value)>;
-            if constexpr (std::is_same_v<T, int> || std::is_same_v<T, bool>) return MCommandResult::kInt;
-            else if constexpr (std::is_same_v<T, double>) return MCommandResult::kDouble;
-            else if constexpr (std::is_same_v<T, std::string>) return MCommandResult::kString;
-            else if constexpr (std::is_same_v<T, std::vector<int>>) return MCommandResult::kIntArray;
-            else if constexpr (std::is_same_v<T, std::vector<double>>) return MCommandResult::kDoubleArray;
-            else if constexpr (std::is_same_v<T, std::vector<std::string>>) return MCommandResult::kStringArray;
-            else return MCommandResult::kInvalid;
+            if constexpr (std::is_same_v<T, int> || std::is_same_v<T, bool>)
+                return MCommandResult::kInt;
+            else if constexpr (std::is_same_v<T, double>)
+                return MCommandResult::kDouble;
+            else if constexpr (std::is_same_v<T, std::string>)
+                return MCommandResult::kString;
+            else if constexpr (std::is_same_v<T, std::vector<int>>)
+                return MCommandResult::kIntArray;
+            else if constexpr (std::is_same_v<T, std::vector<double>>)
+                return MCommandResult::kDoubleArray;
+            else if constexpr (std::is_same_v<T, std::vector<std::string>>)
+                return MCommandResult::kStringArray;
+            else
+                return MCommandResult::kInvalid;
         },
         result);
 }
@@ -65,7 +86,9 @@ bool readResult(const CommandResult& result, int& out) {
     return scalar(result, value) && truncate(value, out);
 }
 
-bool readResult(const CommandResult& result, double& out) { return scalar(result, out); }
+bool readResult(const CommandResult& result, double& out) {
+    return scalar(result, out);
+}
 
 bool readResult(const CommandResult& result, MString& out) {
     auto value = std::get_if<std::string>(&result);
@@ -96,9 +119,12 @@ bool readResult(const CommandResult& result, MDoubleArray& out) {
 
 bool readResult(const CommandResult& result, MStringArray& out) {
     std::vector<MString> values;
-    if (auto one = std::get_if<std::string>(&result)) values.emplace_back(*one);
-    else if (auto many = std::get_if<std::vector<std::string>>(&result)) values.assign(many->begin(), many->end());
-    else if (!std::holds_alternative<std::monostate>(result)) return false;
+    if (auto one = std::get_if<std::string>(&result))
+        values.emplace_back(*one);
+    else if (auto many = std::get_if<std::vector<std::string>>(&result))
+        values.assign(many->begin(), many->end());
+    else if (!std::holds_alternative<std::monostate>(result))
+        return false;
     out = MStringArray(std::move(values));
     return true;
 }
@@ -109,7 +135,8 @@ std::string resultText(const CommandResult& result) {
             using T = std::decay_t<decltype(value)>;
             if constexpr (std::is_same_v<T, std::monostate>) {
                 return {};
-            } else if constexpr (std::is_same_v<T, std::vector<int>> || std::is_same_v<T, std::vector<double>> ||
+            } else if constexpr (std::is_same_v<T, std::vector<int>> ||
+                                 std::is_same_v<T, std::vector<double>> ||
                                  std::is_same_v<T, std::vector<std::string>>) {
                 std::string joined;
                 for (std::size_t i = 0; i < value.size(); ++i) joined += (i ? " " : "") + text(value[i]);

@@ -13,9 +13,13 @@ std::vector<CommandResult*>& frames() {
 
 } // namespace
 
-ResultFrame::ResultFrame(CommandResult& slot) { frames().push_back(&slot); }
+ResultFrame::ResultFrame(CommandResult& slot) {
+    frames().push_back(&slot);
+}
 
-ResultFrame::~ResultFrame() { frames().pop_back(); }
+ResultFrame::~ResultFrame() {
+    frames().pop_back();
+}
 
 CommandResult& currentResult() {
     static CommandResult scratch;

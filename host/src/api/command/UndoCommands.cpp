@@ -24,7 +24,8 @@ bool step(Invocation& call, bool backwards) {
         found = backwards ? queue.undo(name, ok) : queue.redo(name, ok);
     }
     if (!found) {
-        messageLog().warning(backwards ? "There are no more commands to undo." : "There are no more commands to redo.");
+        messageLog().warning(backwards ? "There are no more commands to undo."
+                                       : "There are no more commands to redo.");
         return true;
     }
     messageLog().info((backwards ? "Undo: " : "Redo: ") + name);

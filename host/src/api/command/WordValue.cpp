@@ -52,8 +52,9 @@ bool parseDoubleWord(const std::string& word, double& value) {
 
 bool isNegativeNumber(const std::string& word) {
     if (word.size() < 2 || word[0] != '-') return false;
-    const bool digitFirst = std::isdigit(static_cast<unsigned char>(word[1])) ||
-                            (word[1] == '.' && word.size() > 2 && std::isdigit(static_cast<unsigned char>(word[2])));
+    const bool digitFirst =
+        std::isdigit(static_cast<unsigned char>(word[1])) ||
+        (word[1] == '.' && word.size() > 2 && std::isdigit(static_cast<unsigned char>(word[2])));
     double value = 0;
     return digitFirst && parseDoubleWord(word, value);
 }

@@ -1,0 +1,22 @@
+#include "commands/CommandGroups.h"
+#include "engine/Session.h"
+
+namespace host {
+
+void registerBuiltinCommands(CommandTable& table) {
+    registerNodeCommands(table);
+    registerParentCommand(table);
+    registerSelectCommands(table);
+    registerSetAttrCommand(table);
+    registerGetAttrCommand(table);
+    registerAddAttrCommand(table);
+    registerAliasCommand(table);
+    registerConnectCommands(table);
+    registerMultiCommands(table);
+    registerSetsCommand(table);
+    registerPolyCommands(table);
+    registerPolySelectCommand(table);
+    registerMiscCommands(table);
+}
+
+} // namespace host

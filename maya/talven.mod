@@ -1,0 +1,2 @@
++ talven 5.10.0 .
+plug-ins: plug-ins
