@@ -66,8 +66,9 @@ bool compareDouble(double a, double b) {
 MIntArray flattenComponentList(const MStringArray& components) {
     std::vector<int> indices;
     for (unsigned int i = 0; i < components.length(); ++i) {
+        const MString& entry = components[i];
         int length = 0;
-        const char* text = components[i].asChar(length);
+        const char* text = entry.asChar(length);
         core::appendComponentIndices(std::string_view(text, static_cast<std::size_t>(length)), indices);
     }
     return MIntArray(indices.data(), static_cast<unsigned int>(indices.size()));

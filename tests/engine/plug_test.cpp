@@ -32,9 +32,9 @@ TEST_F(PlugTest, PathsResolveFromEitherName) {
 }
 
 TEST_F(PlugTest, BadPathsAreRefused) {
-    const char* bad[] = {"bs.nothing",        "bs.it.itg[0]",         "bs.w[a]",   "bs.w[-1]",
+    const char* bad[] = {"bs.nothing",        "bs.it[0].itg[x]",        "bs.w[a]",   "bs.w[-1]",
                          "bs.w[0",            "bs.envelope[3]",       "bs.",       "nope.w[0]",
-                         "bs.it[0]..itg[0]",  "bs.w[99999999999]",    "bs.it[0].", "bs.tw[0]"};
+                         "bs.it[0]..itg[0]",  "bs.w[99999999999]",    "bs.it[0].", "bs.w[0].x"};
     for (const char* path : bad) {
         error.clear();
         EXPECT_TRUE(host::scene().findPlug(path, &error).isNull()) << path;
@@ -55,6 +55,12 @@ TEST_F(PlugTest, UnsetElementsReadTheDefaultAndWritesCreateThem) {
     EXPECT_EQ(weights.numElements(), 1u);
 }
 
+TEST_F(PlugTest, AMissingIndexAboveTheLastAttributeMeansElementZero) {
+    host::Plug plug = host::scene().findPlug("bs.it.itg[3].tw[7]", &error);
+    ASSERT_FALSE(plug.isNull()) << error;
+    EXPECT_EQ(plug.attrPath(false), "it[0].itg[3].tw[7]");
+}
+
 TEST_F(PlugTest, ArrayAndCompoundPlugsTakeNoValue) {
     host::Plug group = host::scene().findPlug("bs.it[0].itg", &error);
     EXPECT_FALSE(group.setValue(1.0));
@@ -66,6 +72,27 @@ TEST_F(PlugTest, AliasesResolveToTheirAttribute) {
     host::Plug plug = host::scene().findPlug("bs.smile", &error);
     ASSERT_FALSE(plug.isNull()) << error;
     EXPECT_EQ(plug.attrPath(true), "weight[3]");
+}
+
+} // namespace
+
+namespace {
+
+// Scene files set attributes the host does not model; they are made up as generic attributes
+// with the multi and compound structure the path shows, and known attributes keep their kind.
+TEST(GenericPaths, UnknownAttributesAreMadeUpWithTheirStructure) {
+    host::resetScene();
+    std::string error;
+    auto node = host::scene().createNode("blendShape", "bs", nullptr, &error);
+    host::Plug plug = host::obtainGenericPath(node, "tgdt[2].cid[5]", &error);
+    ASSERT_FALSE(plug.isNull()) << error;
+    EXPECT_TRUE(plug.setValue(3));
+    EXPECT_EQ(plug.attrPath(false), "tgdt[2].cid[5]");
+    host::Plug again = host::resolveAttrPath(node, "tgdt[2].cid[5]", &error);
+    EXPECT_EQ(host::valueAsDouble(again.value()), 3.0);
+    // A known attribute is not turned into something else.
+    EXPECT_TRUE(host::obtainGenericPath(node, "envelope[3]", &error).isNull());
+    EXPECT_TRUE(host::obtainGenericPath(node, "w[0].madeUp", &error).isNull());
 }
 
 } // namespace

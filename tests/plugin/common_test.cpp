@@ -24,7 +24,7 @@ std::vector<int> toVector(const MIntArray& array) {
 
 // ----------------------------------------------------------------------------------- numbers
 
-TEST(Numbers, RoundToFiveDecimalsHalvesAwayFromZero) {
+TEST(CommonNumbers, RoundToFiveDecimalsHalvesAwayFromZero) {
     const struct {
         double in, out;
     } cases[] = {{0.123456, 0.12346},   {-0.123456, -0.12346},  {0.000005, 0.00001},
@@ -38,7 +38,7 @@ TEST(Numbers, RoundToFiveDecimalsHalvesAwayFromZero) {
     EXPECT_DOUBLE_EQ(core::roundDouble(1e300), 1e300);
 }
 
-TEST(Numbers, CompareUsesStrictTolerance) {
+TEST(CommonNumbers, CompareUsesStrictTolerance) {
     const struct {
         double a, b;
         bool equal;
@@ -54,7 +54,7 @@ TEST(Numbers, CompareUsesStrictTolerance) {
 
 // ---------------------------------------------------------------------------- component lists
 
-TEST(ComponentList, FlattensSelectionStrings) {
+TEST(CommonComponentList, FlattensSelectionStrings) {
     const struct {
         std::vector<std::string> entries;
         std::vector<int> indices;
@@ -73,7 +73,7 @@ TEST(ComponentList, FlattensSelectionStrings) {
 }
 
 // Malformed entries are skipped whole; the well-formed ones around them still count.
-TEST(ComponentList, SkipsMalformedEntries) {
+TEST(CommonComponentList, SkipsMalformedEntries) {
     const char* const malformed[] = {"",
                                      "m.vtx[",
                                      "m.vtx[]",
@@ -98,7 +98,7 @@ TEST(ComponentList, SkipsMalformedEntries) {
     }
 }
 
-TEST(ComponentList, BuildsSetAttrCommand) {
+TEST(CommonComponentList, BuildsSetAttrCommand) {
     EXPECT_EQ(
         core::componentListCommand(
             "bs.inputTarget[0].inputTargetGroup[2].inputTargetItem[6000].inputComponentsTarget", {4, 5, 9}),
@@ -109,7 +109,7 @@ TEST(ComponentList, BuildsSetAttrCommand) {
               "setAttr p -type componentList 3 vtx[9999999] vtx[0] vtx[9999999] ;");
 }
 
-TEST(ComponentList, MayaStringArrayWrapperMatchesCore) {
+TEST(CommonComponentList, MayaStringArrayWrapperMatchesCore) {
     MStringArray entries;
     entries.append("m.vtx[3:5]");
     entries.append("m.vtx[");

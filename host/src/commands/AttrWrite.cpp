@@ -31,7 +31,7 @@ bool notEnough(const PlugRange& range, uint64_t expected, std::size_t found, std
 
 bool checkConnections(const PlugRange& range, std::string& error) {
     const ConnectedPlugs connected(*range.first().node());
-    for (uint64_t i = 0; i < range.count(); ++i) {
+    for (uint64_t i = 0; !connected.empty() && i < range.count(); ++i) {
         const Plug plug = range.at(i);
         if (connected.blocks(plug)) {
             error = "The attribute '" + scene().plugName(plug) + "' is locked or connected and cannot be modified.";

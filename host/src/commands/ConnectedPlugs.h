@@ -10,6 +10,7 @@ namespace host {
 class ConnectedPlugs {
 public:
     explicit ConnectedPlugs(const Node& node);
+    bool empty() const { return destinations_.empty(); }
     bool blocks(const Plug& plug) const;
 
 private:

@@ -100,13 +100,19 @@ bool appendNumbers(const Plug& plug, std::vector<double>& out) {
 
 bool valueOf(const Plug& plug, CommandResult& result, std::string& error) {
     const AttrSpec& attr = *plug.attr();
+    if (attr.type == AttrType::Data && attr.dataKind == DataKind::Mesh) {
+        error = "the mesh data of " + scene().plugName(plug) + " cannot be shown.";
+        return false;
+    }
     if (plug.isArray() || plug.isCompound() || meshArrayOf(plug) == MeshArray::Points) {
         std::vector<double> numbers;
         if (!appendNumbers(plug, numbers)) {
             error = "the value of " + scene().plugName(plug) + " cannot be shown as numbers; read its elements.";
             return false;
         }
-        result = std::move(numbers);
+        // A single coordinate (".vt[3].vx") is a number, not a list.
+        if (!plug.isArray() && !plug.isCompound() && numbers.size() == 1) result = numbers.front();
+        else result = std::move(numbers);
         return true;
     }
     const Value value = evaluatedValue(plug);
@@ -115,10 +121,6 @@ bool valueOf(const Plug& plug, CommandResult& result, std::string& error) {
         return false;
     }
     if (auto data = std::get_if<DataPtr>(&value)) {
-        if (*data && (*data)->kind == DataKind::Mesh) {
-            error = "the mesh data of " + scene().plugName(plug) + " cannot be shown.";
-            return false;
-        }
         result = *data ? dataResult(**data) : emptyResult(attr);
         return true;
     }

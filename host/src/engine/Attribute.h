@@ -22,6 +22,7 @@ struct AttrSpec {
     bool multi = false;
     bool hidden = false;
     bool dynamic = false;
+    bool madeUp = false; // created while reading a file for data the type does not model
     Value defaultValue;
     std::vector<std::unique_ptr<AttrSpec>> children;
     AttrSpec* parent = nullptr;

@@ -65,6 +65,7 @@ const AttrSpec* Node::obtainGenericAttr(const std::string& attrName, bool isMult
     const AttrSpec* result = attr.get();
     if (!addDynamicAttr(std::move(attr))) return nullptr;
     const_cast<AttrSpec*>(result)->dynamic = false; // part of the node as read, not user-added
+    const_cast<AttrSpec*>(result)->madeUp = true;
     return result;
 }
 

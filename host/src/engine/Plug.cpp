@@ -310,10 +310,9 @@ Plug resolveAttrPath(const NodePtr& node, const std::string& path, std::string* 
         uint32_t idx = kNoIndex;
         for (const auto& g : given)
             if (g.first == a) idx = g.second;
-        if (idx == kNoIndex && a != previous) {
-            if (error) *error = "Missing index on multi attribute " + a->longName + ": " + node->name() + "." + path;
-            return Plug();
-        }
+        // A multi above the last attribute given without an index means its element 0, as Maya
+        // reads "iog.og[2]" for instance 0.
+        if (idx == kNoIndex && a != previous) idx = 0;
         indices.push_back(idx);
     }
     Plug result(node, chain.front());
@@ -326,6 +325,50 @@ Plug resolveAttrPath(const NodePtr& node, const std::string& path, std::string* 
         }
     }
     return result;
+}
+
+Plug obtainGenericPath(const NodePtr& node, const std::string& path, std::string* error) {
+    std::string ignored;
+    Plug existing = resolveAttrPath(node, path, &ignored);
+    if (!existing.isNull()) return existing;
+    std::vector<Segment> segments;
+    if (!node || !splitPath(path, segments, error)) return Plug();
+    AttrSpec* previous = nullptr;
+    for (std::size_t k = 0; k < segments.size(); ++k) {
+        const Segment& seg = segments[k];
+        const bool hasChild = k + 1 < segments.size();
+        const AttrSpec* found = previous ? previous->childNamed(seg.name) : node->findAttr(seg.name);
+        AttrSpec* attr = const_cast<AttrSpec*>(found);
+        if (!attr) {
+            if (previous && !previous->madeUp) {
+                if (error) *error = "No object matches name: " + node->name() + "." + path;
+                return Plug();
+            }
+            if (previous) {
+                if (previous->type == AttrType::Generic) previous->type = AttrType::Compound;
+                auto child = genericAttr(seg.name, seg.name);
+                child->dynamic = previous->dynamic;
+                child->madeUp = true;
+                child->parent = previous;
+                child->index = static_cast<int>(previous->children.size());
+                attr = child.get();
+                previous->children.push_back(std::move(child));
+                node->touch();
+            } else {
+                attr = const_cast<AttrSpec*>(node->obtainGenericAttr(seg.name, seg.index != kNoIndex));
+                if (!attr) {
+                    if (error) *error = "No object matches name: " + node->name() + "." + path;
+                    return Plug();
+                }
+            }
+        }
+        // Only made-up attributes may change kind.
+        if (attr->madeUp && seg.index != kNoIndex && !attr->multi && attr->multiDepth() < Plug::kMaxDepth)
+            attr->multi = true;
+        if (attr->madeUp && hasChild && attr->type == AttrType::Generic) attr->type = AttrType::Compound;
+        previous = attr;
+    }
+    return resolveAttrPath(node, path, error);
 }
 
 } // namespace host

@@ -75,4 +75,10 @@ struct PlugHash {
 // Returns a null plug and an error text when the path does not resolve.
 Plug resolveAttrPath(const NodePtr& node, const std::string& path, std::string* error);
 
+// As resolveAttrPath, but attributes the node does not have are made up as generic ones (multi
+// where an index is given, compound where a child follows), so a scene file's data is kept
+// whatever the node type. Existing attributes are never changed in kind, except that a made-up
+// attribute becomes multi or compound when the file uses it so.
+Plug obtainGenericPath(const NodePtr& node, const std::string& path, std::string* error);
+
 } // namespace host

@@ -187,7 +187,9 @@ NodePtr Scene::sharedNode(const Node* node) const {
     return node ? const_cast<Node*>(node)->shared_from_this() : nullptr;
 }
 
-NodePtr Scene::findNode(const std::string& path, std::string* error) const {
+NodePtr Scene::findNode(const std::string& rawPath, std::string* error) const {
+    // A leading ':' names the root namespace, the only one the host has.
+    const std::string path = !rawPath.empty() && rawPath[0] == ':' ? rawPath.substr(1) : rawPath;
     if (path.empty()) {
         if (error) *error = "No object matches name: ";
         return nullptr;

@@ -3,6 +3,7 @@
 #include "api/command/PluginRegistry.h"
 #include "api/command/SessionCommands.h"
 #include "engine/Scene.h"
+#include "files/FileCommand.h"
 #include "lang/Interpreter.h"
 
 namespace host {
@@ -21,6 +22,7 @@ bool startSession(CommandTable& table, MessageLog& log) {
     // A table that has the framework's commands has been set up before.
     if (!table.find("pluginInfo")) {
         registerBuiltinCommands(table);
+        registerFileCommands(table);
         registerUndoCommands(table);
         registerPluginCommands(table);
     }

@@ -72,7 +72,7 @@ private:
         const std::string typed = word(i++);
         const int index = syntax().findFlag(typed);
         if (index < 0) return fail("Invalid flag: " + typed);
-        const FlagSpec& spec = syntax().flags[static_cast<std::size_t>(index)];
+        const SyntaxFlag& spec = syntax().flags[static_cast<std::size_t>(index)];
         FlagUse use{static_cast<std::size_t>(index), {}};
         for (std::size_t k = 0; k < spec.argTypes.size() && !queryMode_; ++k, ++i) {
             const MSyntax::MArgType type = spec.argTypes[k];

@@ -46,7 +46,7 @@ MStatus MSyntax::addFlag(const char* shortName, const char* longName, MArgType a
                          MArgType argType3, MArgType argType4, MArgType argType5, MArgType argType6) {
     if (!validName(shortName) || !validName(longName)) return MS::kInvalidParameter;
     if (data_->findFlag(shortName) >= 0 || data_->findFlag(longName) >= 0) return MS::kFailure;
-    host::FlagSpec flag{host::dashed(shortName), host::dashed(longName), {}, false};
+    host::SyntaxFlag flag{host::dashed(shortName), host::dashed(longName), {}, false};
     for (MArgType type : {argType1, argType2, argType3, argType4, argType5, argType6}) {
         if (type == kNoArg) break;
         if (type <= kInvalidArgType || type >= kLastArgType) return MS::kInvalidParameter;

@@ -10,7 +10,7 @@
 
 namespace host {
 
-struct FlagSpec {
+struct SyntaxFlag {
     std::string shortName; // with the leading '-'
     std::string longName;
     std::vector<MSyntax::MArgType> argTypes;
@@ -18,7 +18,7 @@ struct FlagSpec {
 };
 
 struct SyntaxData {
-    std::vector<FlagSpec> flags;
+    std::vector<SyntaxFlag> flags;
     MSyntax::MObjectFormat objectFormat = MSyntax::kNone;
     unsigned int minObjects = 0;
     unsigned int maxObjects = UINT_MAX;
