@@ -5,12 +5,12 @@
 #include "api/Transforms.h"
 #include "engine/ComponentText.h"
 #include "engine/Scene.h"
+#include "api/StatusOut.h"
+
+using host::setStatus;
 
 namespace {
 
-void setStatus(MStatus* status, bool ok) {
-    if (status) *status = ok ? MS::kSuccess : MS::kFailure;
-}
 
 host::NodePtr dagNode(const MObject& object) {
     host::NodePtr node = host::nodeOf(object);

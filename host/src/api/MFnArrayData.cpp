@@ -4,17 +4,13 @@
 #include <maya/MFnPointArrayData.h>
 
 #include "api/ObjectRef.h"
+#include "api/StatusOut.h"
+
+using host::setStatus;
 
 namespace {
 
-template <class Fn> void initFn(Fn& fn, const MObject& object, MStatus* ReturnStatus) {
-    MStatus s = fn.setObject(object);
-    if (ReturnStatus) *ReturnStatus = s;
-}
 
-void setStatus(MStatus* status, bool ok) {
-    if (status) *status = ok ? MS::kSuccess : MS::kFailure;
-}
 
 MPoint toPoint(const host::Point4& p) { return MPoint(p.x, p.y, p.z, p.w); }
 host::Point4 fromPoint(const MPoint& p) { return {p.x, p.y, p.z, p.w}; }
@@ -22,9 +18,9 @@ host::Point4 fromPoint(const MPoint& p) { return {p.x, p.y, p.z, p.w}; }
 } // namespace
 
 // Point arrays.
-MFnPointArrayData::MFnPointArrayData(MObject& object, MStatus* ReturnStatus) { initFn(*this, object, ReturnStatus); }
+MFnPointArrayData::MFnPointArrayData(MObject& object, MStatus* ReturnStatus) { host::initFunctionSet(*this, object, ReturnStatus); }
 MFnPointArrayData::MFnPointArrayData(const MObject& object, MStatus* ReturnStatus) {
-    initFn(*this, object, ReturnStatus);
+    host::initFunctionSet(*this, object, ReturnStatus);
 }
 bool MFnPointArrayData::accepts(const MObject& object) const {
     return host::dataOf<host::PointArrayData>(object) != nullptr;
@@ -64,8 +60,8 @@ MObject MFnPointArrayData::create(const MPointArray& in, MStatus* ReturnStatus) 
 }
 
 // Int arrays.
-MFnIntArrayData::MFnIntArrayData(MObject& object, MStatus* ReturnStatus) { initFn(*this, object, ReturnStatus); }
-MFnIntArrayData::MFnIntArrayData(const MObject& object, MStatus* ReturnStatus) { initFn(*this, object, ReturnStatus); }
+MFnIntArrayData::MFnIntArrayData(MObject& object, MStatus* ReturnStatus) { host::initFunctionSet(*this, object, ReturnStatus); }
+MFnIntArrayData::MFnIntArrayData(const MObject& object, MStatus* ReturnStatus) { host::initFunctionSet(*this, object, ReturnStatus); }
 bool MFnIntArrayData::accepts(const MObject& object) const {
     return host::dataOf<host::IntArrayData>(object) != nullptr;
 }
@@ -101,10 +97,10 @@ MObject MFnIntArrayData::create(const MIntArray& in, MStatus* ReturnStatus) {
 
 // Double arrays.
 MFnDoubleArrayData::MFnDoubleArrayData(MObject& object, MStatus* ReturnStatus) {
-    initFn(*this, object, ReturnStatus);
+    host::initFunctionSet(*this, object, ReturnStatus);
 }
 MFnDoubleArrayData::MFnDoubleArrayData(const MObject& object, MStatus* ReturnStatus) {
-    initFn(*this, object, ReturnStatus);
+    host::initFunctionSet(*this, object, ReturnStatus);
 }
 bool MFnDoubleArrayData::accepts(const MObject& object) const {
     return host::dataOf<host::DoubleArrayData>(object) != nullptr;

@@ -5,17 +5,13 @@
 #include <maya/MIntArray.h>
 
 #include "api/ObjectRef.h"
+#include "api/StatusOut.h"
+
+using host::setStatus;
 
 namespace {
 
-template <class Fn> void initFn(Fn& fn, const MObject& object, MStatus* ReturnStatus) {
-    MStatus s = fn.setObject(object);
-    if (ReturnStatus) *ReturnStatus = s;
-}
 
-void setStatus(MStatus* status, bool ok) {
-    if (status) *status = ok ? MS::kSuccess : MS::kFailure;
-}
 
 bool componentTypeFor(MFn::Type type, host::ComponentType& out) {
     switch (type) {
@@ -29,8 +25,8 @@ bool componentTypeFor(MFn::Type type, host::ComponentType& out) {
 
 } // namespace
 
-MFnComponent::MFnComponent(MObject& object, MStatus* ReturnStatus) { initFn(*this, object, ReturnStatus); }
-MFnComponent::MFnComponent(const MObject& object, MStatus* ReturnStatus) { initFn(*this, object, ReturnStatus); }
+MFnComponent::MFnComponent(MObject& object, MStatus* ReturnStatus) { host::initFunctionSet(*this, object, ReturnStatus); }
+MFnComponent::MFnComponent(const MObject& object, MStatus* ReturnStatus) { host::initFunctionSet(*this, object, ReturnStatus); }
 
 bool MFnComponent::accepts(const MObject& object) const {
     return host::dataOf<host::ComponentData>(object) != nullptr;
@@ -68,10 +64,10 @@ MStatus MFnComponent::setComplete(bool completeFlag) {
 }
 
 MFnSingleIndexedComponent::MFnSingleIndexedComponent(MObject& object, MStatus* ReturnStatus) {
-    initFn(*this, object, ReturnStatus);
+    host::initFunctionSet(*this, object, ReturnStatus);
 }
 MFnSingleIndexedComponent::MFnSingleIndexedComponent(const MObject& object, MStatus* ReturnStatus) {
-    initFn(*this, object, ReturnStatus);
+    host::initFunctionSet(*this, object, ReturnStatus);
 }
 
 MObject MFnSingleIndexedComponent::create(MFn::Type compType, MStatus* ReturnStatus) {
@@ -135,10 +131,10 @@ MStatus MFnSingleIndexedComponent::getCompleteData(int& numElements) const {
 }
 
 MFnComponentListData::MFnComponentListData(MObject& object, MStatus* ReturnStatus) {
-    initFn(*this, object, ReturnStatus);
+    host::initFunctionSet(*this, object, ReturnStatus);
 }
 MFnComponentListData::MFnComponentListData(const MObject& object, MStatus* ReturnStatus) {
-    initFn(*this, object, ReturnStatus);
+    host::initFunctionSet(*this, object, ReturnStatus);
 }
 
 bool MFnComponentListData::accepts(const MObject& object) const {

@@ -5,28 +5,24 @@
 #include "api/ObjectRef.h"
 #include "api/Transforms.h"
 #include "engine/Scene.h"
+#include "api/StatusOut.h"
+
+using host::setStatus;
 
 namespace {
 
-void setStatus(MStatus* status, bool ok) {
-    if (status) *status = ok ? MS::kSuccess : MS::kFailure;
-}
 
 host::NodePtr dagNode(const MObject& object) {
     host::NodePtr node = host::nodeOf(object);
     return node && node->isDag() ? node : nullptr;
 }
 
-template <class Fn> void initFn(Fn& fn, const MObject& object, MStatus* ReturnStatus) {
-    MStatus s = fn.setObject(object);
-    if (ReturnStatus) *ReturnStatus = s;
-}
 
 } // namespace
 
-MFnDagNode::MFnDagNode(MObject& object, MStatus* ret) { initFn(*this, object, ret); }
-MFnDagNode::MFnDagNode(const MObject& object, MStatus* ret) { initFn(*this, object, ret); }
-MFnDagNode::MFnDagNode(const MDagPath& object, MStatus* ret) { initFn(*this, object.node(), ret); }
+MFnDagNode::MFnDagNode(MObject& object, MStatus* ret) { host::initFunctionSet(*this, object, ret); }
+MFnDagNode::MFnDagNode(const MObject& object, MStatus* ret) { host::initFunctionSet(*this, object, ret); }
+MFnDagNode::MFnDagNode(const MDagPath& object, MStatus* ret) { host::initFunctionSet(*this, object.node(), ret); }
 
 bool MFnDagNode::accepts(const MObject& object) const { return dagNode(object) != nullptr; }
 
@@ -154,10 +150,10 @@ MMatrix MFnDagNode::transformationMatrix(MStatus* ReturnStatus) const {
     return node ? host::localMatrix(*node) : MMatrix();
 }
 
-MFnTransform::MFnTransform(MObject& object, MStatus* ReturnStatus) { initFn(*this, object, ReturnStatus); }
-MFnTransform::MFnTransform(const MObject& object, MStatus* ReturnStatus) { initFn(*this, object, ReturnStatus); }
+MFnTransform::MFnTransform(MObject& object, MStatus* ReturnStatus) { host::initFunctionSet(*this, object, ReturnStatus); }
+MFnTransform::MFnTransform(const MObject& object, MStatus* ReturnStatus) { host::initFunctionSet(*this, object, ReturnStatus); }
 MFnTransform::MFnTransform(const MDagPath& object, MStatus* ReturnStatus) {
-    initFn(*this, object.node(), ReturnStatus);
+    host::initFunctionSet(*this, object.node(), ReturnStatus);
 }
 
 bool MFnTransform::accepts(const MObject& object) const {

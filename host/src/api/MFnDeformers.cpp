@@ -12,17 +12,13 @@
 
 #include "api/ObjectRef.h"
 #include "engine/Plug.h"
+#include "api/StatusOut.h"
+
+using host::setStatus;
 
 namespace {
 
-template <class Fn> void initFn(Fn& fn, const MObject& object, MStatus* ReturnStatus) {
-    MStatus s = fn.setObject(object);
-    if (ReturnStatus) *ReturnStatus = s;
-}
 
-void setStatus(MStatus* status, bool ok) {
-    if (status) *status = ok ? MS::kSuccess : MS::kFailure;
-}
 
 bool nodeHas(const MObject& object, MFn::Type type) {
     host::NodePtr node = host::nodeOf(object);
@@ -36,9 +32,9 @@ host::Plug nodePlug(const MObject& object, const std::string& path) {
 
 } // namespace
 
-MFnGeometryFilter::MFnGeometryFilter(MObject& object, MStatus* ReturnStatus) { initFn(*this, object, ReturnStatus); }
+MFnGeometryFilter::MFnGeometryFilter(MObject& object, MStatus* ReturnStatus) { host::initFunctionSet(*this, object, ReturnStatus); }
 MFnGeometryFilter::MFnGeometryFilter(const MObject& object, MStatus* ReturnStatus) {
-    initFn(*this, object, ReturnStatus);
+    host::initFunctionSet(*this, object, ReturnStatus);
 }
 bool MFnGeometryFilter::accepts(const MObject& object) const { return nodeHas(object, MFn::kGeometryFilt); }
 MStatus MFnGeometryFilter::getInputGeometry(MObjectArray&) const { return MS::kNotImplemented; }
@@ -71,10 +67,10 @@ MStatus MFnGeometryFilter::setEnvelope(float envelope) {
 }
 
 MFnBlendShapeDeformer::MFnBlendShapeDeformer(MObject& object, MStatus* ReturnStatus) {
-    initFn(*this, object, ReturnStatus);
+    host::initFunctionSet(*this, object, ReturnStatus);
 }
 MFnBlendShapeDeformer::MFnBlendShapeDeformer(const MObject& object, MStatus* ReturnStatus) {
-    initFn(*this, object, ReturnStatus);
+    host::initFunctionSet(*this, object, ReturnStatus);
 }
 bool MFnBlendShapeDeformer::accepts(const MObject& object) const { return nodeHas(object, MFn::kBlendShape); }
 
@@ -141,8 +137,8 @@ MStatus MFnBlendShapeDeformer::setOrigin(Origin space) {
     return !p.isNull() && p.setValue(space == kWorldOrigin ? 0 : 1) ? MS::kSuccess : MS::kFailure;
 }
 
-MFnSkinCluster::MFnSkinCluster(MObject& object, MStatus* ReturnStatus) { initFn(*this, object, ReturnStatus); }
-MFnSkinCluster::MFnSkinCluster(const MObject& object, MStatus* ReturnStatus) { initFn(*this, object, ReturnStatus); }
+MFnSkinCluster::MFnSkinCluster(MObject& object, MStatus* ReturnStatus) { host::initFunctionSet(*this, object, ReturnStatus); }
+MFnSkinCluster::MFnSkinCluster(const MObject& object, MStatus* ReturnStatus) { host::initFunctionSet(*this, object, ReturnStatus); }
 bool MFnSkinCluster::accepts(const MObject& object) const { return nodeHas(object, MFn::kSkinClusterFilter); }
 unsigned int MFnSkinCluster::influenceObjects(MDagPathArray& paths, MStatus* ReturnStatus) const {
     paths.clear();

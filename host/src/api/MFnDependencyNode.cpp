@@ -4,14 +4,10 @@
 
 #include "api/ObjectRef.h"
 #include "engine/Scene.h"
+#include "api/StatusOut.h"
 
-namespace {
+using host::setStatus;
 
-void setStatus(MStatus* status, bool ok) {
-    if (status) *status = ok ? MS::kSuccess : MS::kFailure;
-}
-
-} // namespace
 
 MFnDependencyNode::MFnDependencyNode(MObject& object, MStatus* ReturnStatus) {
     MStatus s = setObject(object);

@@ -8,12 +8,12 @@
 #include "api/MeshAccess.h"
 #include "api/ObjectRef.h"
 #include "engine/Scene.h"
+#include "api/StatusOut.h"
+
+using host::setStatus;
 
 namespace {
 
-void setStatus(MStatus* status, bool ok) {
-    if (status) *status = ok ? MS::kSuccess : MS::kFailure;
-}
 
 bool isIdentity(const MMatrix& m) { return m == MMatrix::identity; }
 

@@ -6,12 +6,12 @@
 
 #include "api/MeshAccess.h"
 #include "api/ObjectRef.h"
+#include "api/StatusOut.h"
+
+using host::setStatus;
 
 namespace {
 
-void setStatus(MStatus* status, bool ok) {
-    if (status) *status = ok ? MS::kSuccess : MS::kFailure;
-}
 
 // A transform stands for its shape.
 MObject meshNodeOf(const MObject& object) {

@@ -10,14 +10,13 @@
 #include "engine/Scene.h"
 
 #include <cmath>
+#include "api/StatusOut.h"
 
 using host::Plug;
+using host::setStatus;
 
 namespace {
 
-void setStatus(MStatus* status, bool ok) {
-    if (status) *status = ok ? MS::kSuccess : MS::kFailure;
-}
 
 const Plug* valid(const std::shared_ptr<const Plug>& plug) {
     return plug && !plug->isNull() && plug->node()->alive() ? plug.get() : nullptr;

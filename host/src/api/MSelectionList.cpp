@@ -7,14 +7,14 @@
 
 #include <algorithm>
 #include <unordered_set>
+#include "api/StatusOut.h"
 
 using host::SelectionItem;
 
+using host::setStatus;
+
 namespace {
 
-void setStatus(MStatus* status, bool ok) {
-    if (status) *status = ok ? MS::kSuccess : MS::kFailure;
-}
 
 bool sameItem(const SelectionItem& a, const SelectionItem& b) {
     return a.node == b.node && a.plug == b.plug && !a.component && !b.component;

@@ -10,6 +10,9 @@
 #include <cstring>
 #include <limits>
 #include <ostream>
+#include "api/StatusOut.h"
+
+using host::setStatus;
 
 namespace {
 
@@ -49,9 +52,6 @@ bool parseLong(const std::string& text, long long& value) {
     return whole && *end == '\0';
 }
 
-void setStatus(MStatus* status, bool ok) {
-    if (status) *status = ok ? MS::kSuccess : MS::kFailure;
-}
 
 } // namespace
 

@@ -3,16 +3,12 @@
 #include "api/command/WordValue.h"
 #include <charconv>
 #include <cstring>
+#include "api/StatusOut.h"
 
 const unsigned int MArgList::kInvalidArgIndex = 0xFFFFFFFFu;
 
-namespace {
+using host::setStatus;
 
-void setStatus(MStatus* status, bool ok) {
-    if (status) *status = ok ? MS::kSuccess : MS::kFailure;
-}
-
-} // namespace
 
 unsigned int MArgList::length(MStatus* ReturnStatus) const {
     setStatus(ReturnStatus, true);
