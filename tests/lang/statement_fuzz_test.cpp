@@ -79,7 +79,9 @@ TEST(StatementFuzz, RandomAndTruncatedStatementsNeverCrash) {
             host::CommandResult result;
             const std::size_t before = host::messageLog().history().size();
             const bool ok = host::interpreter().execute(text, result);
-            if (!ok) EXPECT_GT(host::messageLog().history().size(), before) << "silent failure: " << text;
+            if (!ok) {
+                EXPECT_GT(host::messageLog().history().size(), before) << "silent failure: " << text;
+            }
         }
         // The scene still answers ordinary commands.
         host::CommandResult result;

@@ -7,7 +7,6 @@
 #include <maya/MFnBlendShapeDeformer.h>
 #include <maya/MFnSkinCluster.h>
 #include <maya/MIntArray.h>
-#include <maya/MMeshIntersector.h>
 #include <maya/MObjectArray.h>
 
 #include "api/ObjectRef.h"
@@ -176,9 +175,3 @@ MStatus MFnSkinCluster::setWeights(const MDagPath&, const MObject&, unsigned int
 MStatus MFnSkinCluster::setWeights(const MDagPath&, const MObject&, MIntArray&, MFloatArray&, bool, MFloatArray*) {
     return MS::kNotImplemented;
 }
-
-MMeshIntersector::MMeshIntersector(void) = default;
-MMeshIntersector::~MMeshIntersector(void) = default;
-MStatus MMeshIntersector::create(MObject&, const MMatrix&, const MIntArray*) { return MS::kNotImplemented; }
-bool MMeshIntersector::isCreated(void) { return index_ != nullptr; }
-MStatus MMeshIntersector::getClosestPoint(const MPoint&, MPointOnMesh&, double) const { return MS::kNotImplemented; }

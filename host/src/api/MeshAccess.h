@@ -11,7 +11,8 @@
 namespace host {
 
 std::shared_ptr<const MeshData> readMesh(const MObject& object);
-// Geometry to change in place: a private copy when it is shared. Null for non-meshes.
+// Geometry to change in place: a private copy when it is shared, with the node's tweaks baked in.
+// Null for non-meshes.
 MeshData* writeMesh(const MObject& object);
 // Object to `space` matrix for a mesh node (identity for data and object space).
 MMatrix meshSpaceMatrix(const MObject& object, MSpace::Space space);

@@ -15,6 +15,10 @@ namespace host {
 
 struct MeshData;
 
+// Counts every change to any node or to the scene; evaluation caches compare against it.
+void noteSceneChange();
+uint64_t sceneChangeCount();
+
 class Node : public std::enable_shared_from_this<Node> {
 public:
     Node(uint64_t id, const NodeType* type, std::string name) : id_(id), type_(type), name_(std::move(name)) {}
@@ -57,7 +61,10 @@ public:
     const std::shared_ptr<MeshData>& mesh() const { return mesh_; }
 
     uint64_t version() const { return version_; }
-    void touch() { ++version_; }
+    void touch() {
+        ++version_;
+        noteSceneChange();
+    }
 
     bool lockedNode = false;
 

@@ -359,6 +359,13 @@ void Scene::disconnectBelow(const Plug& plug) {
 }
 
 namespace {
+uint64_t changeCount = 0;
+} // namespace
+
+void noteSceneChange() { ++changeCount; }
+uint64_t sceneChangeCount() { return changeCount; }
+
+namespace {
 std::unique_ptr<Scene>& sceneHolder() {
     static std::unique_ptr<Scene> holder;
     return holder;

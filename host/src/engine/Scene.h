@@ -67,8 +67,8 @@ public:
     double currentTime() const { return currentTime_; }
     void setCurrentTime(double frame) { currentTime_ = frame; }
     UndoQueue& undoQueue() { return undo_; }
-    uint64_t version() const { return version_; }
-    void touch() { ++version_; }
+    uint64_t version() const { return sceneChangeCount(); }
+    void touch() { noteSceneChange(); }
 
 private:
     bool nameAvailable(const std::string& name, const Node* parent, const Node* self) const;
@@ -83,7 +83,6 @@ private:
     double currentTime_ = 1.0;
     UndoQueue undo_;
     uint64_t nextId_ = 1;
-    uint64_t version_ = 0;
 };
 
 // The current scene, and the message log that outlives it.
