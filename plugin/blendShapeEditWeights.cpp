@@ -43,7 +43,7 @@ const char* const blendShapeEditWeights_helpText =
     "    -wi     -weightIndex        <int>      index of the weight (multi use)\n"
     "Usage: Execute the command with the following arguments:\n"
     "Execute: kv_blendShapeEditWeights\n"
-    "Return Value: int/intArray/floatArray (depending on the mode)";
+    "Return Value: int/intArray/floatArray (depending on the mode)\n";
 
 blendShapeEditWeights::blendShapeEditWeights()
     : addMode(false), deleteMode(false), exportMode(false), flipMode(false), flushValue(0.0f),

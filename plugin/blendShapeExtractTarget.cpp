@@ -15,7 +15,7 @@ const char* const blendShapeExtractTarget_helpText =
     "    -ti     -targetItem         <int>      channel item to extract, i.e. 6000\n"
     "Usage: Execute the command with the following arguments:\n"
     "Execute: kv_blendShapeExtractTarget -i <int> -ti <int> -om <string>\n"
-    "Return Value: string";
+    "Return Value: string\n";
 
 blendShapeExtractTarget::blendShapeExtractTarget() : index(0), targetItem(6000) {}
 

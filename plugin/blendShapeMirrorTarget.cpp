@@ -32,7 +32,7 @@ const char* const blendShapeMirrorTarget_helpText =
     "Usage: Execute the command with the following arguments:\n"
     "Execute: kv_blendShapeMirrorTarget -ax <string> -dir <int> -f <int> -ib <int> -m <string> -om <string> "
     "-si <int> -t <int> -ti <int> -tn <string> -tol <float> -tit <int>\n"
-    "Return Value: int";
+    "Return Value: int\n";
 
 blendShapeMirrorTarget::blendShapeMirrorTarget()
     : axis("x"), direction(true), flip(false), inbetween(false), sourceIndex(0), targetIndex(0),

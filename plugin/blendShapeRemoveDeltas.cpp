@@ -14,7 +14,7 @@ const char* const blendShapeRemoveDeltas_helpText =
     "    -ti     -targetItem         <int>      target position\n"
     "Usage: Execute the command with the following arguments:\n"
     "Execute: kv_blendShapeRemoveDeltas -i <int> -ti <int>\n"
-    "Return Value: int";
+    "Return Value: int\n";
 
 blendShapeRemoveDeltas::blendShapeRemoveDeltas() : index(0), targetItem(6000) {}
 

@@ -16,7 +16,7 @@ const char* const blendShapeReplaceTarget_helpText =
     "    -ti     -targetItem         <int>      channel value to replace\n"
     "Usage: Execute the command with the following arguments:\n"
     "Execute: kv_blendShapeReplaceTarget -i <int> -m <string> -om <string> -ti <float>\n"
-    "Return Value: int";
+    "Return Value: int\n";
 
 blendShapeReplaceTarget::blendShapeReplaceTarget() : index(0), targetItem(6000) {}
 

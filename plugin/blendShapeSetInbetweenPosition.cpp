@@ -15,7 +15,7 @@ const char* const blendShapeSetInbetweenPosition_helpText =
     "    -tp     -targetPosition     <int>      result position\n"
     "Usage: Execute the command with the following arguments:\n"
     "Execute: kv_blendShapeSetInbetweenPosition -i <int> -sp <int> -tp <int>\n"
-    "Return Value: int";
+    "Return Value: int\n";
 
 blendShapeSetInbetweenPosition::blendShapeSetInbetweenPosition()
     : index(0), sourcePosition(6000), targetPosition(6000) {}

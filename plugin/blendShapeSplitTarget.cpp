@@ -20,7 +20,7 @@ const char* const blendShapeSplitTarget_helpText =
     "Usage: Execute the command with the following arguments:\n"
     "Execute: kv_blendShapeSplitTarget -ax <string> -b <float> -c <float> -i <int> -iv <int> -om <string> "
     "-tol <float>\n"
-    "Return Value: int";
+    "Return Value: int\n";
 
 blendShapeSplitTarget::blendShapeSplitTarget()
     : axis("x"), blend(0.0), center(0.0), index(0), side(0), tolerance(0.001) {}

@@ -14,7 +14,7 @@ const char* const editTweakNode_helpText =
     "    -om     -originalMesh       <string>   original shape node\n"
     "Usage: Execute the command with the following arguments:\n"
     "Execute: kv_editTweakNode -b <int> -om <string>\n"
-    "Return Value: int";
+    "Return Value: int\n";
 
 editTweakNode::editTweakNode() : bake(false) {}
 

@@ -13,7 +13,7 @@ const char* const getBlendShapeIndices_helpText =
     "Description: Get all weight indices of the blend shape deformer.\n"
     "\n"
     "Flags: kv_getBlendShapeIndices\n"
-    "    -h    -help             <n/a>      this message\n"
+    "    -h      -help               <n/a>      this message\n"
     "Usage: Execute the command with the following arguments:\n"
     "Execute: kv_getBlendShapeIndices <string>\n"
     "Return Value: int[]\n";

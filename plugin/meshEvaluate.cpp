@@ -9,8 +9,8 @@ const char* const meshEvaluate_helpText =
     "Description: Get the shape or intermediate shape nodes of a mesh.\n"
     "\n"
     "Flags: kv_meshEvaluate\n"
-    "    -h     -help             <n/a>      this message\n"
-    "    -i     -intermediate     <n/a>      get the intermediate shape node\n"
+    "    -h      -help               <n/a>      this message\n"
+    "    -i      -intermediate       <n/a>      get the intermediate shape node\n"
     "Usage: Execute the command with the following arguments:\n"
     "Execute: kv_meshEvaluate\n"
     "Return Value: int\n";
