@@ -51,7 +51,9 @@ protected:
         return value ? *value : T();
     }
 
-    std::vector<std::string> strings(const std::string& text) { return resultAs<std::vector<std::string>>(text); }
+    std::vector<std::string> strings(const std::string& text) {
+        return resultAs<std::vector<std::string>>(text);
+    }
     std::vector<double> doubles(const std::string& text) { return resultAs<std::vector<double>>(text); }
 
     std::string lastError() const {

@@ -16,8 +16,15 @@ const host::FlagTable kFlags = {{"n", "name", "s"}, {"s", "size", "i"}, {"w", "w
                                 {"l", "lock", "b"}, {"q", "query", ""}, {"iv", "intValue", "si"}};
 
 TEST(BuiltinArgReader, SeparatesFlagsFromArguments) {
-    const auto args = tokens({{"-n", false}, {"box", false}, {"a.t", false}, {"-1.5", false}, {"-x", true},
-                              {"-size", false}, {"3", false}, {"-q", false}, {"-.5", false}});
+    const auto args = tokens({{"-n", false},
+                              {"box", false},
+                              {"a.t", false},
+                              {"-1.5", false},
+                              {"-x", true},
+                              {"-size", false},
+                              {"3", false},
+                              {"-q", false},
+                              {"-.5", false}});
     host::ArgReader reader("cmd", args);
     ASSERT_TRUE(reader.parse(kFlags));
     EXPECT_EQ(reader.text("name"), "box");
@@ -30,7 +37,8 @@ TEST(BuiltinArgReader, SeparatesFlagsFromArguments) {
 }
 
 TEST(BuiltinArgReader, RepeatedFlagsKeepTheirOrder) {
-    const auto args = tokens({{"-iv", false}, {"a", false}, {"1", false}, {"-intValue", false}, {"b", false}, {"-2", false}});
+    const auto args = tokens(
+        {{"-iv", false}, {"a", false}, {"1", false}, {"-intValue", false}, {"b", false}, {"-2", false}});
     host::ArgReader reader("cmd", args);
     ASSERT_TRUE(reader.parse(kFlags));
     ASSERT_EQ(reader.uses("intValue"), 2);
@@ -58,13 +66,20 @@ TEST(BuiltinArgReader, ReportsBadFlagsAndArguments) {
         host::ArgReader reader("cmd", c.args);
         EXPECT_FALSE(reader.parse(kFlags)) << c.error;
         ASSERT_FALSE(host::messageLog().history().empty());
-        EXPECT_EQ(host::messageLog().history().back().text.rfind(c.error, 0), 0u) << host::messageLog().history().back().text;
+        EXPECT_EQ(host::messageLog().history().back().text.rfind(c.error, 0), 0u)
+            << host::messageLog().history().back().text;
     }
 }
 
 TEST(BuiltinArgReader, BooleanFlagsReadTheirWords) {
-    for (const auto& [word, expected] : {std::pair{"on", true}, {"off", false}, {"yes", true}, {"no", false},
-                                         {"true", true}, {"false", false}, {"1", true}, {"0", false}}) {
+    for (const auto& [word, expected] : {std::pair{"on", true},
+                                         {"off", false},
+                                         {"yes", true},
+                                         {"no", false},
+                                         {"true", true},
+                                         {"false", false},
+                                         {"1", true},
+                                         {"0", false}}) {
         const auto args = tokens({{"-l", false}, {word, false}});
         host::ArgReader reader("cmd", args);
         ASSERT_TRUE(reader.parse(kFlags)) << word;
@@ -79,9 +94,18 @@ TEST(BuiltinTextValues, ParsesOnlyWholeFiniteNumbers) {
         double value;
     };
     const Case cases[] = {
-        {"3", true, true, 3},         {"-2.5", true, false, -2.5}, {"+4", true, true, 4},      {".5", true, false, 0.5},
-        {"1e3", true, true, 1000},    {"4.0", true, true, 4},      {"1e400", false, false, 0}, {"nan", false, false, 0},
-        {"inf", false, false, 0},     {"3x", false, false, 0},     {"", false, false, 0},      {"++1", false, false, 0},
+        {"3", true, true, 3},
+        {"-2.5", true, false, -2.5},
+        {"+4", true, true, 4},
+        {".5", true, false, 0.5},
+        {"1e3", true, true, 1000},
+        {"4.0", true, true, 4},
+        {"1e400", false, false, 0},
+        {"nan", false, false, 0},
+        {"inf", false, false, 0},
+        {"3x", false, false, 0},
+        {"", false, false, 0},
+        {"++1", false, false, 0},
         {"3000000000", true, false, 3e9},
     };
     for (const Case& c : cases) {
@@ -89,7 +113,9 @@ TEST(BuiltinTextValues, ParsesOnlyWholeFiniteNumbers) {
         int i = -7;
         EXPECT_EQ(host::numberFromText(c.text, d), c.number) << c.text;
         EXPECT_EQ(host::integerFromText(c.text, i), c.integer) << c.text;
-        if (c.number) EXPECT_DOUBLE_EQ(d, c.value) << c.text;
+        if (c.number) {
+            EXPECT_DOUBLE_EQ(d, c.value) << c.text;
+        }
     }
 }
 

@@ -23,30 +23,41 @@ TEST_F(BuiltinCommandTest, AddAttrMakesTypedDynamicAttributes) {
         {"addAttr -ln mode -at enum -en \"a:b\" t", "setAttr t.mode 1", "getAttr t.mode", 1},
         {"addAttr -ln gain -at double -min 0 -max 1 -dv 0.5 -k true t", "", "getAttr t.gain", 0.5},
         {"addAttr -ln soft -at float -smn -10 -smx 10 t", "setAttr t.soft 0.25", "getAttr t.soft", 0.25},
-        {"addAttr -ln note -dt \"string\" t", "setAttr t.note -type \"string\" hello", "getAttr t.note", std::string("hello")},
-        {"addAttr -ln ids -dt Int32Array t", "setAttr t.ids -type Int32Array 2 4 5", "getAttr t.ids", std::vector<int>{4, 5}},
-        {"addAttr -ln vals -dt doubleArray t", "setAttr t.vals -type doubleArray 1 2.5", "getAttr t.vals", Doubles{2.5}},
-        {"addAttr -ln pts -dt pointArray t", "setAttr t.pts -type pointArray 1 1 2 3 1", "getAttr t.pts", Doubles{1, 2, 3, 1}},
-        {"addAttr -ln comps -dt componentList t", "setAttr t.comps -type componentList 1 vtx[2]", "getAttr t.comps",
-         Names{"vtx[2]"}},
-        {"addAttr -ln xf -dt matrix t", "", "getAttr t.xf", Doubles{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}},
-        {"addAttr -ln weights -at double -m t", "setAttr t.weights[4] 0.5", "getAttr t.weights", Doubles{0.5}},
+        {"addAttr -ln note -dt \"string\" t", "setAttr t.note -type \"string\" hello", "getAttr t.note",
+         std::string("hello")},
+        {"addAttr -ln ids -dt Int32Array t", "setAttr t.ids -type Int32Array 2 4 5", "getAttr t.ids",
+         std::vector<int>{4, 5}},
+        {"addAttr -ln vals -dt doubleArray t", "setAttr t.vals -type doubleArray 1 2.5", "getAttr t.vals",
+         Doubles{2.5}},
+        {"addAttr -ln pts -dt pointArray t", "setAttr t.pts -type pointArray 1 1 2 3 1", "getAttr t.pts",
+         Doubles{1, 2, 3, 1}},
+        {"addAttr -ln comps -dt componentList t", "setAttr t.comps -type componentList 1 vtx[2]",
+         "getAttr t.comps", Names{"vtx[2]"}},
+        {"addAttr -ln xf -dt matrix t", "", "getAttr t.xf",
+         Doubles{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}},
+        {"addAttr -ln weights -at double -m t", "setAttr t.weights[4] 0.5", "getAttr t.weights",
+         Doubles{0.5}},
         {"addAttr -ln link -at message t", "", "getAttr -type t.link", std::string("message")},
-        {"addAttr -ln pos -at double3 t; addAttr -ln posX -at double -p pos t; addAttr -ln posY -at double -p pos t;"
+        {"addAttr -ln pos -at double3 t; addAttr -ln posX -at double -p pos t; addAttr -ln posY -at double "
+         "-p pos t;"
          "addAttr -ln posZ -at double -p pos -dv 7 t",
          "setAttr t.posX 1", "getAttr t.pos", Doubles{1, 0, 7}},
-        {"addAttr -ln box -at compound -nc 2 t; addAttr -ln size -at float -p box t; addAttr -ln on -at bool -p box t",
+        {"addAttr -ln box -at compound -nc 2 t; addAttr -ln size -at float -p box t; addAttr -ln on -at bool "
+         "-p box t",
          "setAttr t.on 1", "getAttr t.box", Doubles{0, 1}},
     };
     for (const Case& c : cases) {
         ASSERT_TRUE(run(c.add)) << c.add << ": " << lastError();
-        if (*c.set) EXPECT_TRUE(run(c.set)) << c.set << ": " << lastError();
+        if (*c.set) {
+            EXPECT_TRUE(run(c.set)) << c.set << ": " << lastError();
+        }
         EXPECT_EQ(result(c.get), c.expected) << c.add;
     }
 }
 
 TEST_F(BuiltinCommandTest, AddAttrCompoundsAppearOnlyWhenComplete) {
-    ASSERT_TRUE(run("createNode transform -n t; addAttr -ln col -at float3 t; addAttr -ln colR -at float -p col t"));
+    ASSERT_TRUE(
+        run("createNode transform -n t; addAttr -ln col -at float3 t; addAttr -ln colR -at float -p col t"));
     expectFailure("getAttr t.col", "No object matches name: t.col");
     expectFailure("addAttr -ln colR -at float -p col t", "already used");
     ASSERT_TRUE(run("addAttr -ln colG -at float -p col t; addAttr -ln colB -at float -p col t"));
@@ -106,9 +117,11 @@ TEST_F(BuiltinCommandTest, ConnectAndDisconnectAttr) {
     EXPECT_TRUE(run("connectAttr -f a.ty b.tx"));
     EXPECT_EQ(host::scene().sourceOf(host::scene().findPlug("b.tx")).name(), "a.translateY");
     // -na takes the lowest free element; connecting an element makes it exist.
-    EXPECT_TRUE(run("connectAttr -na a.msg set.dnsm; connectAttr b.msg set.dnsm[5]; connectAttr -na set.msg set.dnsm"));
+    EXPECT_TRUE(run(
+        "connectAttr -na a.msg set.dnsm; connectAttr b.msg set.dnsm[5]; connectAttr -na set.msg set.dnsm"));
     EXPECT_EQ(host::scene().findPlug("set.dnsm").existingIndices(), (std::vector<uint32_t>{0, 1, 5}));
-    EXPECT_EQ(resultAs<std::string>("disconnectAttr a.ty b.tx"), "Disconnect a.translateY from b.translateX.");
+    EXPECT_EQ(resultAs<std::string>("disconnectAttr a.ty b.tx"),
+              "Disconnect a.translateY from b.translateX.");
     EXPECT_TRUE(run("disconnectAttr -na b.msg set.dnsm; disconnectAttr set.dnsm[0]"));
     EXPECT_EQ(host::scene().connections().size(), 1u);
     const std::pair<const char*, const char*> cases[] = {
@@ -122,9 +135,10 @@ TEST_F(BuiltinCommandTest, ConnectAndDisconnectAttr) {
 }
 
 TEST_F(BuiltinCommandTest, RemoveMultiInstance) {
-    ASSERT_TRUE(run("createNode blendShape -n bs; createNode transform -n t; setAttr bs.w[0] 1; setAttr bs.w[1] 1;"
-                    "setAttr bs.it[0].itg[3].iti[6000].ipt -type pointArray 0; connectAttr t.tx bs.w[1];"
-                    "connectAttr t.msg bs.it[0].itg[3].tw[2]"));
+    ASSERT_TRUE(
+        run("createNode blendShape -n bs; createNode transform -n t; setAttr bs.w[0] 1; setAttr bs.w[1] 1;"
+            "setAttr bs.it[0].itg[3].iti[6000].ipt -type pointArray 0; connectAttr t.tx bs.w[1];"
+            "connectAttr t.msg bs.it[0].itg[3].tw[2]"));
     EXPECT_TRUE(run("removeMultiInstance bs.w[0]"));
     expectFailure("removeMultiInstance bs.w[1]", "is connected: use -b true");
     expectFailure("removeMultiInstance -b false bs.it[0].itg[3]", "is connected");

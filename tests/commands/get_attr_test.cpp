@@ -26,7 +26,7 @@ TEST_F(BuiltinCommandTest, GetAttrResultTypesSizesAndTypeNames) {
         {"getAttr -s bs.w", 2},
         {"getAttr -s pCube1.tx", 1},
         {"getAttr -s pCubeShape1.vt", 8},
-        {"getAttr -s pCubeShape1.ed", 0},
+        {"getAttr -s pCubeShape1.ed", 12},
         {"getAttr -type pCube1.t", std::string("double3")},
         {"getAttr -type pCube1.v", std::string("bool")},
         {"getAttr -type bs.w", std::string("TdataCompound")},
@@ -41,10 +41,12 @@ TEST_F(BuiltinCommandTest, GetAttrReadsMeshPointsAndConnectedValues) {
     ASSERT_TRUE(run("polyCube -w 2 -h 4 -d 6"));
     const Doubles points = doubles("getAttr pCubeShape1.vt");
     ASSERT_EQ(points.size(), 24u);
-    for (std::size_t i = 0; i < points.size(); ++i) EXPECT_EQ(std::abs(points[i]), 1.0 + static_cast<double>(i % 3)) << i;
+    for (std::size_t i = 0; i < points.size(); ++i)
+        EXPECT_EQ(std::abs(points[i]), 1.0 + static_cast<double>(i % 3)) << i;
     EXPECT_EQ(doubles("getAttr pCubeShape1.vt[7]"), Doubles(points.begin() + 21, points.end()));
     EXPECT_EQ(resultAs<double>("getAttr pCubeShape1.vt[7].vz"), points[23]);
-    ASSERT_TRUE(run("createNode transform -n a; createNode transform -n b; setAttr a.tx 3; connectAttr a.tx b.ty"));
+    ASSERT_TRUE(
+        run("createNode transform -n a; createNode transform -n b; setAttr a.tx 3; connectAttr a.tx b.ty"));
     EXPECT_EQ(doubles("getAttr b.t"), (Doubles{0, 3, 0}));
     EXPECT_EQ(resultAs<double>("getAttr b.ty"), 3.0);
 }

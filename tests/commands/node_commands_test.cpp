@@ -16,7 +16,9 @@ TEST_F(BuiltinCommandTest, CreateNodeNamesParentsAndSelects) {
     };
     const Case cases[] = {
         {"createNode transform", "transform1", {"|transform1"}},
-        {"createNode transform -n grp; createNode transform -n child -p grp", "child", {"|grp", "|grp|child"}},
+        {"createNode transform -n grp; createNode transform -n child -p grp",
+         "child",
+         {"|grp", "|grp|child"}},
         {"createNode mesh", "polySurfaceShape1", {"|transform1", "|transform1|polySurfaceShape1"}},
         {"createNode mesh -n body", "body", {"|transform1", "|transform1|body"}},
         {"createNode joint -n j#", "j1", {"|j1"}},
@@ -34,7 +36,8 @@ TEST_F(BuiltinCommandTest, CreateNodeNamesParentsAndSelects) {
 
 TEST_F(BuiltinCommandTest, CreateNodeOptions) {
     // -ss leaves the selection alone; -s reuses an existing node of the same type.
-    EXPECT_EQ(strings("createNode transform -n a; createNode transform -ss -n b; ls -sl"), std::vector<std::string>{"a"});
+    EXPECT_EQ(strings("createNode transform -n a; createNode transform -ss -n b; ls -sl"),
+              std::vector<std::string>{"a"});
     EXPECT_EQ(resultAs<std::string>("createNode transform -s -n a"), "a");
     EXPECT_EQ(strings("ls -type transform"), (std::vector<std::string>{"a", "b"}));
     // A mesh node owns geometry from the start.
@@ -48,7 +51,8 @@ TEST_F(BuiltinCommandTest, CreateNodeUnknownTypesOnlyWhileReadingFiles) {
     host::setFileReadingMode(true);
     EXPECT_EQ(resultAs<std::string>("createNode fancyDeformer -n fd"), "fd");
     // Its attributes are made up as the file sets them, and read back.
-    EXPECT_TRUE(run("setAttr \".amount\" 0.25; setAttr \".list[2]\" 1 2 3; setAttr -s 2 \".wm\"; setAttr \".wm[1]\" 4"));
+    EXPECT_TRUE(run(
+        "setAttr \".amount\" 0.25; setAttr \".list[2]\" 1 2 3; setAttr -s 2 \".wm\"; setAttr \".wm[1]\" 4"));
     EXPECT_EQ(resultAs<double>("getAttr fd.amount"), 0.25);
     EXPECT_EQ(doubles("getAttr fd.list[2]"), (std::vector<double>{1, 2, 3}));
     EXPECT_EQ(resultAs<double>("getAttr fd.wm[1]"), 4.0);
@@ -122,9 +126,11 @@ TEST_F(BuiltinCommandTest, ParentKeepsRotatedAndScaledWorldMatrices) {
     const std::pair<const char*, const char*> cases[] = {{"a", "1 2 0.5"}, {"j", "2 2 2"}};
     for (const auto& [name, scale] : cases) {
         SetUp();
-        run(std::string("createNode transform -n grp; setAttr grp.t 1 2 3; setAttr grp.r 0.3 -1.2 0.7; setAttr grp.ro 4;") +
+        run(std::string("createNode transform -n grp; setAttr grp.t 1 2 3; setAttr grp.r 0.3 -1.2 0.7; "
+                        "setAttr grp.ro 4;") +
             "setAttr grp.s " + scale + "; createNode joint -n j; setAttr j.jo 0.2 0 0; setAttr j.r 0 0.4 0;" +
-            "createNode transform -n a; setAttr a.t -1 0 5; setAttr a.r 1 0.5 -0.25; setAttr a.ro 2; setAttr a.rp 0 1 0");
+            "createNode transform -n a; setAttr a.t -1 0 5; setAttr a.r 1 0.5 -0.25; setAttr a.ro 2; setAttr "
+            "a.rp 0 1 0");
         const host::NodePtr node = host::scene().findNode(name);
         const MMatrix before = host::worldMatrix(*node);
         ASSERT_TRUE(run(std::string("parent ") + name + " grp")) << lastError();

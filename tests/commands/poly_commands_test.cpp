@@ -51,8 +51,9 @@ TEST_F(BuiltinCommandTest, PolyPrimitiveErrorsCreateNothing) {
 
 TEST_F(BuiltinCommandTest, PolySelectFindsShellsThroughSharedEdges) {
     // Two quads sharing edge 1-2, a third quad touching them at vertex 3 only, and a lone triangle.
-    ASSERT_TRUE(run("createNode mesh -n m; setAttr -s 13 \".vt[0:12]\" 0 0 0 1 0 0 1 1 0 0 1 0 2 0 0 2 1 0 1 2 0 0 2 0 "
-                    "-1 2 0 -1 1 0 5 5 5 6 5 5 5 6 5"));
+    ASSERT_TRUE(run(
+        "createNode mesh -n m; setAttr -s 13 \".vt[0:12]\" 0 0 0 1 0 0 1 1 0 0 1 0 2 0 0 2 1 0 1 2 0 0 2 0 "
+        "-1 2 0 -1 1 0 5 5 5 6 5 5 5 6 5"));
     host::MeshData& mesh = *host::scene().findNode("m")->mesh();
     mesh.faceCounts = {4, 4, 4, 3};
     mesh.faceConnects = {0, 1, 2, 3, 1, 4, 5, 2, 3, 7, 8, 9, 10, 11, 12};

@@ -9,9 +9,10 @@ using host::CommandResult;
 using Doubles = std::vector<double>;
 using Names = std::vector<std::string>;
 
-const char* kTestNodes = "createNode transform -n t; createNode blendShape -n bs; createNode skinCluster -n sc;"
-                         "createNode mesh -n m; addAttr -ln ids -dt Int32Array t; addAttr -ln tags -dt stringArray t;"
-                         "addAttr -ci true -h true -sn aal -ln attributeAliasList -dt attributeAlias bs";
+const char* kTestNodes =
+    "createNode transform -n t; createNode blendShape -n bs; createNode skinCluster -n sc;"
+    "createNode mesh -n m; addAttr -ln ids -dt Int32Array t; addAttr -ln tags -dt stringArray t;"
+    "addAttr -ci true -h true -sn aal -ln attributeAliasList -dt attributeAlias bs";
 
 const char* kItem = "bs.it[0].itg[0].iti[6000]";
 
@@ -35,9 +36,11 @@ TEST_F(BuiltinCommandTest, SetAttrValueForms) {
         {"setAttr m.cuvs -type \"string\" \"map one\"", "getAttr m.cuvs", std::string("map one")},
         {"setAttr t.m -type matrix 1 0 0 0 0 1 0 0 0 0 1 0 5 6 7 1", "getAttr t.m",
          Doubles{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 5, 6, 7, 1}},
-        {"setAttr t.m -type matrix \"xform\" 2 2 2 0 0 0 0 1 2 3 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 1 0 0 0 1 1 1 1 no",
+        {"setAttr t.m -type matrix \"xform\" 2 2 2 0 0 0 0 1 2 3 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 1 0 0 0 "
+         "1 1 1 1 no",
          "getAttr t.m", Doubles{2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 2, 0, 1, 2, 3, 1}},
-        {"setAttr t.m -type matrix \"xform\" 1 1 1 0 0 0 0 1 2 3 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 1 1 0 0 0 1 1 1 no",
+        {"setAttr t.m -type matrix \"xform\" 1 1 1 0 0 0 0 1 2 3 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 1 1 0 0 "
+         "0 1 1 1 no",
          "getAttr t.m", Doubles{1, 0, 0, 0, 0, -1, 0, 0, 0, 0, -1, 0, 1, 2, 3, 1}},
         {"setAttr t.ids -type Int32Array 3 7 -8 9", "getAttr t.ids", std::vector<int>{7, -8, 9}},
         {"setAttr t.tags -type stringArray 2 \"a b\" c", "getAttr t.tags", Names{"a b", "c"}},
@@ -62,7 +65,8 @@ TEST_F(BuiltinCommandTest, SetAttrValueForms) {
 
 TEST_F(BuiltinCommandTest, SetAttrComponentListKeepsOrderRepeatsAndTypes) {
     ASSERT_TRUE(run(kTestNodes));
-    ASSERT_TRUE(run(std::string("setAttr ") + kItem + ".ict -type componentList 5 vtx[3] vtx[1] vtx[3] e[2] vtx[*]"));
+    ASSERT_TRUE(
+        run(std::string("setAttr ") + kItem + ".ict -type componentList 5 vtx[3] vtx[1] vtx[3] e[2] vtx[*]"));
     const host::Plug plug = host::scene().findPlug(std::string(kItem) + ".ict");
     const auto* list = host::dataAs<host::ComponentListData>(std::get<host::DataPtr>(plug.value()));
     ASSERT_NE(list, nullptr);
@@ -79,17 +83,19 @@ TEST_F(BuiltinCommandTest, SetAttrAMillionComponents) {
     text.reserve(text.size() + 14000000);
     for (int i = 0; i < 1000000; ++i) text += " vtx[" + std::to_string(i < 500000 ? i : i + 1) + "]";
     ASSERT_TRUE(run(text + ";")) << lastError();
-    EXPECT_EQ(strings(std::string("getAttr ") + kItem + ".ict"), (Names{"vtx[0:499999]", "vtx[500001:1000000]"}));
+    EXPECT_EQ(strings(std::string("getAttr ") + kItem + ".ict"),
+              (Names{"vtx[0:499999]", "vtx[500001:1000000]"}));
 }
 
 TEST_F(BuiltinCommandTest, SetAttrBuildsMeshGeometry) {
     // A cube as scene files write it: points, edges as (vertex, vertex, hardness), faces as signed edges.
-    ASSERT_TRUE(run("createNode mesh -n cube; setAttr -s 8 \".vt[0:7]\" -0.5 -0.5 0.5 0.5 -0.5 0.5 -0.5 0.5 0.5"
-                    " 0.5 0.5 0.5 -0.5 0.5 -0.5 0.5 0.5 -0.5 -0.5 -0.5 -0.5 0.5 -0.5 -0.5;"
-                    "setAttr -s 12 \".ed[0:11]\" 0 1 0 2 3 0 4 5 0 6 7 0 0 2 0 1 3 0 2 4 0 3 5 0 4 6 0 5 7 0 6 0 0 7 1 0;"
-                    "setAttr -s 6 -ch 24 \".fc[0:5]\" -type \"polyFaces\" f 4 0 5 -2 -5 mu 0 4 0 1 3 2"
-                    " f 4 1 7 -3 -7 mu 0 4 2 3 5 4 f 4 2 9 -4 -9 f 4 3 11 -1 -11 h 1 3 f 4 -12 -10 -8 -6 fc 4 0 1 2 3"
-                    " f 4 10 4 6 8 mc 0 4 0 1 2 3"))
+    ASSERT_TRUE(run(
+        "createNode mesh -n cube; setAttr -s 8 \".vt[0:7]\" -0.5 -0.5 0.5 0.5 -0.5 0.5 -0.5 0.5 0.5"
+        " 0.5 0.5 0.5 -0.5 0.5 -0.5 0.5 0.5 -0.5 -0.5 -0.5 -0.5 0.5 -0.5 -0.5;"
+        "setAttr -s 12 \".ed[0:11]\" 0 1 0 2 3 0 4 5 0 6 7 0 0 2 0 1 3 0 2 4 0 3 5 0 4 6 0 5 7 0 6 0 0 7 1 0;"
+        "setAttr -s 6 -ch 24 \".fc[0:5]\" -type \"polyFaces\" f 4 0 5 -2 -5 mu 0 4 0 1 3 2"
+        " f 4 1 7 -3 -7 mu 0 4 2 3 5 4 f 4 2 9 -4 -9 f 4 3 11 -1 -11 h 1 3 f 4 -12 -10 -8 -6 fc 4 0 1 2 3"
+        " f 4 10 4 6 8 mc 0 4 0 1 2 3"))
         << lastError();
     const host::MeshData& mesh = *host::scene().findNode("cube")->mesh();
     EXPECT_EQ(mesh.numVertices(), 8);
@@ -102,16 +108,24 @@ TEST_F(BuiltinCommandTest, SetAttrBuildsMeshGeometry) {
     EXPECT_EQ(resultAs<int>("getAttr -s cube.fc"), 6);
     EXPECT_EQ(resultAs<std::vector<int>>("getAttr cube.fc[5]"), (std::vector<int>{10, 4, 6, 8}));
     // Single elements and children update the geometry in place; a face may be replaced.
-    ASSERT_TRUE(run("setAttr cube.vt[3].vy 2; setAttr cube.vt[8] 1 1 1; setAttr cube.fc[0] -type polyFaces f 4 4 6 8 10"));
+    ASSERT_TRUE(run("setAttr cube.vt[3].vy 2; setAttr cube.vt[8] 1 1 1; setAttr cube.fc[0] -type polyFaces f "
+                    "4 4 6 8 10"));
     EXPECT_EQ(mesh.points[3][1], 2.0f);
     EXPECT_EQ(mesh.numVertices(), 9);
-    EXPECT_EQ(std::vector<int>(mesh.faceConnects.begin(), mesh.faceConnects.begin() + 4), (std::vector<int>{0, 2, 4, 6}));
+    EXPECT_EQ(std::vector<int>(mesh.faceConnects.begin(), mesh.faceConnects.begin() + 4),
+              (std::vector<int>{0, 2, 4, 6}));
     EXPECT_EQ(mesh.numFaces(), 6);
+    // Edges that follow from the faces are spelled out when one of them is written.
+    ASSERT_TRUE(run("polyCube; setAttr pCubeShape1.ed[3] 0 2 0"));
+    const host::MeshData& cube = *host::scene().findNode("pCubeShape1")->mesh();
+    EXPECT_EQ(cube.edges.size(), 12u);
+    EXPECT_EQ(cube.topologyError(), "");
 }
 
 TEST_F(BuiltinCommandTest, SetAttrRefusesBadMeshGeometryWithoutChangingIt) {
-    ASSERT_TRUE(run("createNode mesh -n m; setAttr -s 3 \".vt[0:2]\" 0 0 0 1 0 0 0 1 0;"
-                    "setAttr -s 3 \".ed[0:2]\" 0 1 0 1 2 0 2 0 0; setAttr \".fc[0]\" -type polyFaces f 3 0 1 2"));
+    ASSERT_TRUE(
+        run("createNode mesh -n m; setAttr -s 3 \".vt[0:2]\" 0 0 0 1 0 0 0 1 0;"
+            "setAttr -s 3 \".ed[0:2]\" 0 1 0 1 2 0 2 0 0; setAttr \".fc[0]\" -type polyFaces f 3 0 1 2"));
     const std::pair<const char*, const char*> cases[] = {
         {"setAttr m.vt[5] 1 1 1", "mesh point 5 is past the end of the 3 points"},
         {"setAttr m.ed[3] 0 7 0", "names vertex 7"},
@@ -158,12 +172,14 @@ TEST_F(BuiltinCommandTest, SetAttrRefusesBadInputAndChangesNothing) {
         {"setAttr -s -1 t.tx 1", "-s needs a count"},
         {"setAttr", "give the attribute to set"},
         {"setAttr t.m 1 2", "needs a -type flag"},
-        {"setAttr t.m -type matrix 1 2 3", "not enough data provided for the -type matrix (expected 16, found 3)"},
+        {"setAttr t.m -type matrix 1 2 3",
+         "not enough data provided for the -type matrix (expected 16, found 3)"},
         {"setAttr t.m -type matrix xform 1 1 1", "expected 37"},
         {"setAttr bs.w[0] -type componentList 0", "does not take -type componentList"},
         {"setAttr t.tx -type fooType 1", "unknown data type 'fooType'"},
         {"setAttr \"bs.w[3:1]\" 1 2 3", "Invalid index range"},
-        {"setAttr \"bs.w[0:4294967294]\" 1", "not enough data provided for bs.weight[0] (expected 4294967295, found 1)"},
+        {"setAttr \"bs.w[0:4294967294]\" 1",
+         "not enough data provided for bs.weight[0] (expected 4294967295, found 1)"},
         {"setAttr \"bs.w[0:1]\" 1 2 3", "too much data"},
         {"setAttr bs.w x", "must start with a count"},
         {"setAttr bs.w 1", "not enough data provided for bs.weight (expected 2, found 0)."},
@@ -179,8 +195,10 @@ TEST_F(BuiltinCommandTest, SetAttrRefusesBadInputAndChangesNothing) {
 }
 
 TEST_F(BuiltinCommandTest, SetAttrRefusesConnectedPlugs) {
-    ASSERT_TRUE(run("createNode transform -n a; createNode transform -n b; connectAttr a.tx b.ty; connectAttr a.r b.r"));
-    expectFailure("setAttr b.ty 1", "The attribute 'b.translateY' is locked or connected and cannot be modified.");
+    ASSERT_TRUE(run(
+        "createNode transform -n a; createNode transform -n b; connectAttr a.tx b.ty; connectAttr a.r b.r"));
+    expectFailure("setAttr b.ty 1",
+                  "The attribute 'b.translateY' is locked or connected and cannot be modified.");
     expectFailure("setAttr b.t 1 2 3", "locked or connected");
     expectFailure("setAttr b.rx 1", "locked or connected");
     EXPECT_TRUE(run("setAttr b.tx 4"));
@@ -208,7 +226,8 @@ TEST_F(BuiltinCommandTest, SetAttrAliasListNamesWeights) {
 
 TEST_F(BuiltinCommandTest, SetAttrKeepsUnknownDataWhileReadingFiles) {
     host::setFileReadingMode(true);
-    ASSERT_TRUE(run("createNode mesh -n m; setAttr \".covm[0]\" 0 1 1; setAttr \".cd\" -type \"dataPolyComponent\" Index_Data"
+    ASSERT_TRUE(run("createNode mesh -n m; setAttr \".covm[0]\" 0 1 1; setAttr \".cd\" -type "
+                    "\"dataPolyComponent\" Index_Data"
                     " Edge 0; setAttr \".dcc\" -type \"string\" \"Ambient+Diffuse\"; setAttr \".vif\" yes"));
     EXPECT_EQ(doubles("getAttr m.covm[0]"), (Doubles{0, 1, 1}));
     EXPECT_EQ(strings("getAttr m.cd"), (Names{"Index_Data", "Edge", "0"}));

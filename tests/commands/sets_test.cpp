@@ -13,11 +13,18 @@ TEST_F(BuiltinCommandTest, SetsForceElementMovesShadingBetweenGroups) {
     };
     const Case cases[] = {
         {"sets -e -forceElement initialShadingGroup pCube1 pCube2", {"pCubeShape1", "pCubeShape2"}, {}, {}},
-        {"sets -e -fe red pCube1.f[1:2]", {"pCubeShape2", "pCubeShape1.f[0]", "pCubeShape1.f[3:5]"}, {"pCubeShape1.f[1:2]"}, {}},
-        {"sets -e -fe blue pCube1.f[2:3]", {"pCubeShape2", "pCubeShape1.f[0]", "pCubeShape1.f[4:5]"},
-         {"pCubeShape1.f[1]"}, {"pCubeShape1.f[2:3]"}},
-        {"sets -e -fe red pCubeShape1.f[4]", {"pCubeShape2", "pCubeShape1.f[0]", "pCubeShape1.f[5]"},
-         {"pCubeShape1.f[1]", "pCubeShape1.f[4]"}, {"pCubeShape1.f[2:3]"}},
+        {"sets -e -fe red pCube1.f[1:2]",
+         {"pCubeShape2", "pCubeShape1.f[0]", "pCubeShape1.f[3:5]"},
+         {"pCubeShape1.f[1:2]"},
+         {}},
+        {"sets -e -fe blue pCube1.f[2:3]",
+         {"pCubeShape2", "pCubeShape1.f[0]", "pCubeShape1.f[4:5]"},
+         {"pCubeShape1.f[1]"},
+         {"pCubeShape1.f[2:3]"}},
+        {"sets -e -fe red pCubeShape1.f[4]",
+         {"pCubeShape2", "pCubeShape1.f[0]", "pCubeShape1.f[5]"},
+         {"pCubeShape1.f[1]", "pCubeShape1.f[4]"},
+         {"pCubeShape1.f[2:3]"}},
         {"sets -e -fe blue pCube1", {"pCubeShape2"}, {}, {"pCubeShape1"}},
         {"sets -e -fe blue pCube1.f[0]", {"pCubeShape2"}, {}, {"pCubeShape1"}},
     };
@@ -45,7 +52,8 @@ TEST_F(BuiltinCommandTest, SetsCreatesAddsAndRemoves) {
     EXPECT_EQ(resultAs<std::string>("sets -n picks loc pCube1.vtx[0:3] bs"), "picks");
     EXPECT_EQ(strings("sets -q picks"), (Names{"loc", "pCubeShape1.vtx[0:3]", "bs"}));
     EXPECT_TRUE(run("sets -add picks pCube1.vtx[7] loc; sets -rm picks pCube1.vtx[1] bs"));
-    EXPECT_EQ(strings("sets -q picks"), (Names{"loc", "pCubeShape1.vtx[0]", "pCubeShape1.vtx[2:3]", "pCubeShape1.vtx[7]"}));
+    EXPECT_EQ(strings("sets -q picks"),
+              (Names{"loc", "pCubeShape1.vtx[0]", "pCubeShape1.vtx[2:3]", "pCubeShape1.vtx[7]"}));
     EXPECT_TRUE(run("sets -rm picks pCube1.vtx[0:7]"));
     EXPECT_EQ(strings("sets -q picks"), Names{"loc"});
     EXPECT_EQ(resultAs<std::string>("select -cl; sets -em"), "set1");

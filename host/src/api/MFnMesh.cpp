@@ -208,19 +208,18 @@ MStatus MFnMesh::getPoints(MPointArray& vertexArray, MSpace::Space space) const 
     return MS::kSuccess;
 }
 
-template <class PointArray> static MStatus storePoints(const MObject& object, const PointArray& in, const MMatrix& toObject) {
-    host::MeshData* mesh = host::writeMesh(object);
-    if (!mesh) return MS::kFailure;
-    // Maya writes as many points as the mesh has; extra input points are ignored.
-    const std::size_t n = std::min<std::size_t>(mesh->points.size(), in.length());
+template <class PointArray>
+static MStatus storePoints(const MObject& object, const PointArray& in, const MMatrix& toObject) {
+    std::vector<std::array<float, 3>> points(in.length());
     const bool identity = toObject == MMatrix::identity;
-    for (std::size_t i = 0; i < n; ++i) {
-        MPoint p(in[static_cast<unsigned>(i)].x, in[static_cast<unsigned>(i)].y, in[static_cast<unsigned>(i)].z);
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        MPoint p(in[static_cast<unsigned>(i)].x, in[static_cast<unsigned>(i)].y,
+                 in[static_cast<unsigned>(i)].z);
         if (!identity) p = p * toObject;
-        mesh->points[i] = {static_cast<float>(p.x), static_cast<float>(p.y), static_cast<float>(p.z)};
+        points[i] = {static_cast<float>(p.x), static_cast<float>(p.y), static_cast<float>(p.z)};
     }
-    host::scene().touch();
-    return MS::kSuccess;
+    // Maya writes as many points as the mesh has; extra input points are ignored.
+    return host::writeShownPoints(object, 0, points) ? MS::kSuccess : MS::kFailure;
 }
 
 MStatus MFnMesh::setPoints(MFloatPointArray& vertexArray, MSpace::Space space) {
@@ -243,12 +242,10 @@ MStatus MFnMesh::setPoint(int vertexId, const MPoint& pos, MSpace::Space space) 
     auto current = host::readMesh(object_);
     if (!current || vertexId < 0 || vertexId >= current->numVertices()) return MS::kFailure;
     current.reset();
-    host::MeshData* mesh = host::writeMesh(object_);
     const MPoint p = space == MSpace::kWorld ? pos * spaceMatrix(space).inverse() : pos;
-    mesh->points[static_cast<std::size_t>(vertexId)] = {static_cast<float>(p.x), static_cast<float>(p.y),
-                                                        static_cast<float>(p.z)};
-    host::scene().touch();
-    return MS::kSuccess;
+    const std::vector<std::array<float, 3>> point = {
+        {static_cast<float>(p.x), static_cast<float>(p.y), static_cast<float>(p.z)}};
+    return host::writeShownPoints(object_, static_cast<std::size_t>(vertexId), point) ? MS::kSuccess : MS::kFailure;
 }
 
 MStatus MFnMesh::getVertices(MIntArray& vertexCount, MIntArray& vertexList) const {

@@ -1,5 +1,6 @@
 #include "api/Transforms.h"
 
+#include "engine/Evaluation.h"
 #include "engine/Plug.h"
 
 #include <maya/MEulerRotation.h>
@@ -11,7 +12,7 @@ namespace {
 double attrValue(const Node& node, const char* name, double fallback) {
     Plug plug = resolveAttrPath(const_cast<Node&>(node).shared_from_this(), name, nullptr);
     if (plug.isNull()) return fallback;
-    return valueAsDouble(plug.value());
+    return valueAsDouble(evaluatedValue(plug));
 }
 
 MMatrix translation(double x, double y, double z) {

@@ -4,10 +4,10 @@
 #include "commands/CommandGroups.h"
 #include "commands/CommandState.h"
 #include "commands/Names.h"
+#include "commands/TypedValues.h"
 #include "engine/Scene.h"
 
 #include <algorithm>
-#include <cctype>
 #include <unordered_map>
 
 namespace host {
@@ -27,11 +27,6 @@ std::vector<PendingCompound>& pendingCompounds() {
     return pending;
 }
 
-bool validName(const std::string& name) {
-    if (name.empty() || !std::isalpha(static_cast<unsigned char>(name[0]))) return false;
-    return std::all_of(name.begin(), name.end(), [](char c) { return std::isalnum(static_cast<unsigned char>(c)) || c == '_'; });
-}
-
 AttrSpec* findInTree(AttrSpec& attr, const std::string& name) {
     if (attr.longName == name || attr.shortName == name) return &attr;
     for (auto& child : attr.children)
@@ -42,28 +37,28 @@ AttrSpec* findInTree(AttrSpec& attr, const std::string& name) {
 // The number of children a compound type needs (0 for other types); -1 when it cannot be known.
 int childrenNeeded(const std::string& type, const ArgReader& args) {
     if (type == "compound") return args.has("numberOfChildren") ? args.integer("numberOfChildren") : -1;
-    for (const char* base : {"double", "float", "long", "short"}) {
-        const std::string b = base;
-        if (type.size() == b.size() + 1 && type.compare(0, b.size(), b) == 0 && type.back() >= '2' && type.back() <= '4')
-            return type.back() - '0';
-    }
-    return 0;
+    const PayloadType numbers = payloadType(type);
+    return numbers.kind == PayloadKind::Numbers ? numbers.arity : 0;
 }
 
 Value defaultFor(AttrType type, const ArgReader& args, Value fallback) {
     if (!args.has("defaultValue")) return fallback;
     const double v = args.number("defaultValue");
     switch (type) {
-    case AttrType::Bool: return v != 0.0;
+    case AttrType::Bool:
+        return v != 0.0;
     case AttrType::Int:
-    case AttrType::Enum: return static_cast<int>(v);
-    default: return v;
+    case AttrType::Enum:
+        return static_cast<int>(v);
+    default:
+        return v;
     }
 }
 
 AttrPtr numericType(const std::string& type, const std::string& ln, const std::string& sn) {
     if (type == "bool") return boolAttr(ln, sn);
-    if (type == "long" || type == "short" || type == "byte" || type == "char") return intAttr(ln, sn, 0, type);
+    if (type == "long" || type == "short" || type == "byte" || type == "char")
+        return intAttr(ln, sn, 0, type);
     if (type == "enum") return enumAttr(ln, sn);
     if (type == "float") return floatAttr(ln, sn);
     if (type == "double" || type == "doubleLinear" || type == "doubleAngle" || type == "time")
@@ -77,8 +72,8 @@ AttrPtr dataType(const std::string& type, const std::string& ln, const std::stri
     if (type == "string") return stringAttr(ln, sn);
     if (type == "matrix") return matrixAttr(ln, sn);
     const std::pair<const char*, DataKind> kinds[] = {
-        {"stringArray", DataKind::StringArray}, {"Int32Array", DataKind::IntArray},
-        {"doubleArray", DataKind::DoubleArray}, {"pointArray", DataKind::PointArray},
+        {"stringArray", DataKind::StringArray},     {"Int32Array", DataKind::IntArray},
+        {"doubleArray", DataKind::DoubleArray},     {"pointArray", DataKind::PointArray},
         {"componentList", DataKind::ComponentList}, {"mesh", DataKind::Mesh}};
     for (const auto& [name, kind] : kinds)
         if (type == name) return dataAttr(ln, sn, kind, type);
@@ -96,12 +91,15 @@ AttrPtr describe(const ArgReader& args, int& missing, std::string& error) {
     std::string ln = args.text("longName"), sn = args.text("shortName");
     if (ln.empty()) ln = sn;
     if (sn.empty()) sn = ln;
-    if (!validName(ln) || !validName(sn)) {
-        error = ln.empty() ? "give the attribute a name with -ln." : "'" + ln + "' is not a valid attribute name.";
+    if (!validAttrName(ln) || !validAttrName(sn)) {
+        error = ln.empty() ? "give the attribute a name with -ln."
+                           : "'" + ln + "' is not a valid attribute name.";
         return nullptr;
     }
     const bool data = args.has("dataType");
-    const std::string type = data ? args.text("dataType") : args.has("attributeType") ? args.text("attributeType") : "double";
+    const std::string type = data                        ? args.text("dataType")
+                             : args.has("attributeType") ? args.text("attributeType")
+                                                         : "double";
     missing = data ? 0 : childrenNeeded(type, args);
     if (missing < 0 || missing > kMaxChildren || (type == "compound" && missing == 0)) {
         error = "a compound attribute needs -nc with 1 to " + std::to_string(kMaxChildren) + " children.";
@@ -133,7 +131,8 @@ bool nameTaken(const Node& node, const AttrSpec& attr) {
     return node.findAttr(attr.longName) || node.findAttr(attr.shortName);
 }
 
-bool addChild(const NodePtr& node, const std::string& parentName, AttrPtr attr, int missing, std::string& error) {
+bool addChild(const NodePtr& node, const std::string& parentName, AttrPtr attr, int missing,
+              std::string& error) {
     auto& pending = pendingCompounds();
     for (auto it = pending.begin(); it != pending.end(); ++it) {
         if (it->node.lock() != node) continue;
@@ -143,8 +142,8 @@ bool addChild(const NodePtr& node, const std::string& parentName, AttrPtr attr, 
         --it->missing[parent];
         if (missing > 0) it->missing[attr.get()] = missing;
         parent->children.push_back(std::move(attr));
-        const bool complete =
-            std::all_of(it->missing.begin(), it->missing.end(), [](const auto& entry) { return entry.second == 0; });
+        const bool complete = std::all_of(it->missing.begin(), it->missing.end(),
+                                          [](const auto& entry) { return entry.second == 0; });
         if (!complete) return true;
         AttrPtr root = std::move(it->root);
         pending.erase(it);
@@ -158,22 +157,22 @@ bool addChild(const NodePtr& node, const std::string& parentName, AttrPtr attr, 
 
 bool addAttrCommand(Invocation& inv) {
     static const FlagTable flags = {
-        {"ln", "longName", "s"},       {"sn", "shortName", "s"},       {"nn", "niceName", "s"},
-        {"at", "attributeType", "s"},  {"dt", "dataType", "s"},        {"m", "multi", ""},
-        {"im", "indexMatters", "b"},   {"dv", "defaultValue", "d"},    {"h", "hidden", "b"},
-        {"k", "keyable", "b"},         {"ci", "cachedInternally", "b"}, {"nc", "numberOfChildren", "i"},
-        {"p", "parent", "s"},          {"min", "minValue", "d"},       {"max", "maxValue", "d"},
-        {"smn", "softMinValue", "d"},  {"smx", "softMaxValue", "d"},   {"hnv", "hasMinValue", "b"},
-        {"hxv", "hasMaxValue", "b"},   {"hsn", "hasSoftMinValue", "b"}, {"hsx", "hasSoftMaxValue", "b"},
-        {"en", "enumName", "s"},       {"uac", "usedAsColor", ""},     {"uaf", "usedAsFilename", ""},
-        {"uap", "usedAsProxy", ""},    {"is", "internalSet", "b"},     {"r", "readable", "b"},
-        {"w", "writable", "b"},        {"s", "storable", "b"},         {"con", "connectable", "b"}};
+        {"ln", "longName", "s"},      {"sn", "shortName", "s"},        {"nn", "niceName", "s"},
+        {"at", "attributeType", "s"}, {"dt", "dataType", "s"},         {"m", "multi", ""},
+        {"im", "indexMatters", "b"},  {"dv", "defaultValue", "d"},     {"h", "hidden", "b"},
+        {"k", "keyable", "b"},        {"ci", "cachedInternally", "b"}, {"nc", "numberOfChildren", "i"},
+        {"p", "parent", "s"},         {"min", "minValue", "d"},        {"max", "maxValue", "d"},
+        {"smn", "softMinValue", "d"}, {"smx", "softMaxValue", "d"},    {"hnv", "hasMinValue", "b"},
+        {"hxv", "hasMaxValue", "b"},  {"hsn", "hasSoftMinValue", "b"}, {"hsx", "hasSoftMaxValue", "b"},
+        {"en", "enumName", "s"},      {"uac", "usedAsColor", ""},      {"uaf", "usedAsFilename", ""},
+        {"uap", "usedAsProxy", ""},   {"is", "internalSet", "b"},      {"r", "readable", "b"},
+        {"w", "writable", "b"},       {"s", "storable", "b"},          {"con", "connectable", "b"}};
     ArgReader args("addAttr", inv.statement.args);
     if (!args.parse(flags)) return false;
     std::vector<NodePtr> nodes;
     std::string error;
     for (const Token* token : args.positional()) {
-        NodePtr node = lookupNode(token->text, &error);
+        NodePtr node = scene().findNode(token->text, &error);
         if (!node) {
             messageLog().error(error);
             return false;
@@ -187,7 +186,8 @@ bool addAttrCommand(Invocation& inv) {
         if (NodePtr current = currentNode()) nodes.push_back(current);
     if (nodes.empty()) return args.fail("give a node or select one.");
     auto& pending = pendingCompounds();
-    pending.erase(std::remove_if(pending.begin(), pending.end(), [](const PendingCompound& p) { return p.node.expired(); }),
+    pending.erase(std::remove_if(pending.begin(), pending.end(),
+                                 [](const PendingCompound& p) { return p.node.expired(); }),
                   pending.end());
     for (const NodePtr& node : nodes) {
         int missing = 0;
@@ -196,7 +196,8 @@ bool addAttrCommand(Invocation& inv) {
         if (nameTaken(*node, *attr))
             return args.fail("the name '" + attr->longName + "' is already used on " + node->name() + ".");
         if (args.has("parent")) {
-            if (!addChild(node, args.text("parent"), std::move(attr), missing, error)) return args.fail(error);
+            if (!addChild(node, args.text("parent"), std::move(attr), missing, error))
+                return args.fail(error);
         } else if (missing > 0) {
             PendingCompound compound{node, std::move(attr), {}};
             compound.missing[compound.root.get()] = missing;
@@ -211,6 +212,8 @@ bool addAttrCommand(Invocation& inv) {
 
 } // namespace
 
-void registerAddAttrCommand(CommandTable& table) { table.add("addAttr", addAttrCommand); }
+void registerAddAttrCommand(CommandTable& table) {
+    table.add("addAttr", addAttrCommand);
+}
 
 } // namespace host

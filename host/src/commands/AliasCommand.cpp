@@ -5,18 +5,12 @@
 #include "engine/Scene.h"
 
 #include <algorithm>
-#include <cctype>
 
 namespace host {
 
 namespace {
 
 using AliasList = std::vector<std::pair<std::string, std::string>>;
-
-bool validAlias(const std::string& name) {
-    if (name.empty() || !std::isalpha(static_cast<unsigned char>(name[0]))) return false;
-    return std::all_of(name.begin(), name.end(), [](char c) { return std::isalnum(static_cast<unsigned char>(c)) || c == '_'; });
-}
 
 AliasList::iterator findAlias(AliasList& aliases, const std::string& alias) {
     return std::find_if(aliases.begin(), aliases.end(), [&](const auto& a) { return a.first == alias; });
@@ -25,7 +19,7 @@ AliasList::iterator findAlias(AliasList& aliases, const std::string& alias) {
 bool removeAlias(const ArgReader& args, const std::string& text) {
     const std::size_t dot = text.find('.');
     std::string error;
-    NodePtr node = dot == std::string::npos ? nullptr : lookupNode(text.substr(0, dot), &error);
+    NodePtr node = dot == std::string::npos ? nullptr : scene().findNode(text.substr(0, dot), &error);
     if (!node) return args.fail("No object matches name: " + text);
     AliasList& aliases = node->aliases();
     auto found = findAlias(aliases, text.substr(dot + 1));
@@ -58,7 +52,7 @@ bool aliasAttrCommand(Invocation& inv) {
         if (names.size() != 1) return args.fail("give one node or node.alias to query.");
         const std::string& text = names[0]->text;
         const std::size_t dot = text.find('.');
-        NodePtr node = lookupNode(text.substr(0, dot), &error);
+        NodePtr node = scene().findNode(text.substr(0, dot), &error);
         if (!node) return args.fail(error);
         AliasList& aliases = node->aliases();
         if (dot != std::string::npos) {
@@ -83,13 +77,16 @@ bool aliasAttrCommand(Invocation& inv) {
     AliasList& aliases = node->aliases();
     const std::string path = plug.attrPath(true);
     auto existing = findAlias(aliases, alias);
-    if (!validAlias(alias) || node->findAttr(alias))
-        return args.fail("'" + alias + "' cannot be an alias: it is not a valid name or an attribute has it.");
+    if (!validAttrName(alias) || node->findAttr(alias))
+        return args.fail("'" + alias +
+                         "' cannot be an alias: it is not a valid name or an attribute has it.");
     if (existing != aliases.end() && existing->second != path)
-        return args.fail("the alias '" + alias + "' is already used for " + node->name() + "." + existing->second + ".");
+        return args.fail("the alias '" + alias + "' is already used for " + node->name() + "." +
+                         existing->second + ".");
     // A plug has one alias: a new one replaces the old.
-    aliases.erase(std::remove_if(aliases.begin(), aliases.end(), [&](const auto& a) { return a.second == path; }),
-                  aliases.end());
+    aliases.erase(
+        std::remove_if(aliases.begin(), aliases.end(), [&](const auto& a) { return a.second == path; }),
+        aliases.end());
     aliases.emplace_back(alias, path);
     node->touch();
     scene().touch();
@@ -98,6 +95,8 @@ bool aliasAttrCommand(Invocation& inv) {
 
 } // namespace
 
-void registerAliasCommand(CommandTable& table) { table.add("aliasAttr", aliasAttrCommand); }
+void registerAliasCommand(CommandTable& table) {
+    table.add("aliasAttr", aliasAttrCommand);
+}
 
 } // namespace host

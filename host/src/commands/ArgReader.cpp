@@ -12,10 +12,14 @@ namespace {
 
 const char* kindName(char kind) {
     switch (kind) {
-    case 'i': return "an integer";
-    case 'd': return "a number";
-    case 'b': return "a boolean";
-    default: return "a string";
+    case 'i':
+        return "an integer";
+    case 'd':
+        return "a number";
+    case 'b':
+        return "a boolean";
+    default:
+        return "a string";
     }
 }
 
@@ -24,10 +28,14 @@ bool argFits(char kind, const Token& token) {
     int integer = 0;
     bool flag = false;
     switch (kind) {
-    case 'i': return integerFromText(token.text, integer);
-    case 'd': return numberFromText(token.text, number);
-    case 'b': return boolFromText(token.text, flag);
-    default: return !isFlagToken(token);
+    case 'i':
+        return integerFromText(token.text, integer);
+    case 'd':
+        return numberFromText(token.text, number);
+    case 'b':
+        return boolFromText(token.text, flag);
+    default:
+        return !isFlagToken(token);
     }
 }
 
@@ -63,8 +71,10 @@ bool ArgReader::parse(const FlagTable& flags) {
         for (std::size_t k = 0; k < argCount; ++k) {
             const char kind = spec->args[k];
             if (i + 1 + k >= tokens_.size() || !argFits(kind, tokens_[i + 1 + k])) {
-                std::string got = i + 1 + k < tokens_.size() ? ", got \"" + tokens_[i + 1 + k].text + "\"" : "";
-                messageLog().error("Flag " + token.text + " needs " + kindName(kind) + " argument" + got + ".");
+                std::string got =
+                    i + 1 + k < tokens_.size() ? ", got \"" + tokens_[i + 1 + k].text + "\"" : "";
+                messageLog().error("Flag " + token.text + " needs " + kindName(kind) + " argument" + got +
+                                   ".");
                 return false;
             }
         }

@@ -48,7 +48,6 @@ public:
 
     const std::vector<const Token*>& positional() const { return positional_; }
 
-    const char* command() const { return command_; }
     // Logs "<command>: <text>" as an error; returns false so handlers can `return reader.fail(…)`.
     bool fail(const std::string& text) const;
 

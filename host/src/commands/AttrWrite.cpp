@@ -20,12 +20,14 @@ std::string countText(uint64_t expected, std::size_t found) {
 }
 
 bool tooMuch(const PlugRange& range, uint64_t expected, std::size_t found, std::string& error) {
-    error = "too much data provided for " + scene().plugName(range.first()) + " " + countText(expected, found);
+    error =
+        "too much data provided for " + scene().plugName(range.first()) + " " + countText(expected, found);
     return false;
 }
 
 bool notEnough(const PlugRange& range, uint64_t expected, std::size_t found, std::string& error) {
-    error = "not enough data provided for " + scene().plugName(range.first()) + " " + countText(expected, found);
+    error =
+        "not enough data provided for " + scene().plugName(range.first()) + " " + countText(expected, found);
     return false;
 }
 
@@ -34,7 +36,8 @@ bool checkConnections(const PlugRange& range, std::string& error) {
     for (uint64_t i = 0; !connected.empty() && i < range.count(); ++i) {
         const Plug plug = range.at(i);
         if (connected.blocks(plug)) {
-            error = "The attribute '" + scene().plugName(plug) + "' is locked or connected and cannot be modified.";
+            error = "The attribute '" + scene().plugName(plug) +
+                    "' is locked or connected and cannot be modified.";
             return false;
         }
     }
@@ -52,8 +55,10 @@ bool readValue(const Token& token, double& out, std::string& error) {
     return false;
 }
 
-// The geometry part of a numeric write to a mesh's .vt or .ed: which element comes first and which fields are given.
-bool writeMeshNumbers(const PlugRange& range, int stride, const std::vector<double>& values, std::string& error) {
+// The geometry part of a numeric write to a mesh's .vt or .ed: which element comes first and which fields are
+// given.
+bool writeMeshNumbers(const PlugRange& range, int stride, const std::vector<double>& values,
+                      std::string& error) {
     const Plug& first = range.first();
     const MeshArray array = meshArrayOf(first);
     if (array != MeshArray::Points && array != MeshArray::Edges) return true;
@@ -65,36 +70,45 @@ bool writeMeshNumbers(const PlugRange& range, int stride, const std::vector<doub
                                       : writeMeshEdges(node, index, count, firstField, stride, values, error);
 }
 
-// A generic attribute remembers the type of the value last written to it, for writing it back.
+// An attribute made up for a file's data remembers the type of the value last written to it, so
+// that it can be written back the same way.
 void rememberType(const Plug& plug, const std::string& typeName) {
-    const AttrSpec* attr = plug.attr();
-    if (attr->type != AttrType::Generic || attr->typeName == typeName) return;
-    for (const AttrPtr& own : plug.node()->dynamicAttrs())
-        if (own.get() == attr) own->typeName = typeName;
+    if (plug.attr()->madeUp && plug.attr()->type == AttrType::Generic)
+        const_cast<AttrSpec*>(plug.attr())->typeName = typeName;
 }
 
 bool payloadFits(const AttrSpec& attr, const PayloadType& payload) {
     switch (payload.kind) {
-    case PayloadKind::Data: return attr.type == AttrType::Data && attr.dataKind == payload.dataKind;
-    case PayloadKind::String: return attr.type == AttrType::String;
+    case PayloadKind::Data:
+        return attr.type == AttrType::Data && attr.dataKind == payload.dataKind;
+    case PayloadKind::String:
+        return attr.type == AttrType::String;
     case PayloadKind::Matrix:
-        return attr.type == AttrType::Matrix || (attr.type == AttrType::Data && attr.dataKind == DataKind::Matrix);
-    case PayloadKind::EmptyMesh: return attr.type == AttrType::Data && attr.dataKind == DataKind::Mesh;
-    default: return false;
+        return attr.type == AttrType::Matrix ||
+               (attr.type == AttrType::Data && attr.dataKind == DataKind::Matrix);
+    case PayloadKind::EmptyMesh:
+        return attr.type == AttrType::Data && attr.dataKind == DataKind::Mesh;
+    default:
+        return false;
+    }
+}
+
+// The numeric value a leaf of this type stores.
+Value numericValue(const AttrSpec& attr, double value) {
+    switch (attr.type) {
+    case AttrType::Bool:
+        return value != 0.0;
+    case AttrType::Int:
+    case AttrType::Enum:
+        return static_cast<int>(std::clamp(std::round(value), double(INT_MIN), double(INT_MAX)));
+    case AttrType::Float:
+        return static_cast<double>(static_cast<float>(std::clamp(value, -double(FLT_MAX), double(FLT_MAX))));
+    default:
+        return fromUiUnits(attr, value);
     }
 }
 
 } // namespace
-
-Value numericValue(const AttrSpec& attr, double value) {
-    switch (attr.type) {
-    case AttrType::Bool: return value != 0.0;
-    case AttrType::Int:
-    case AttrType::Enum: return static_cast<int>(std::clamp(std::round(value), double(INT_MIN), double(INT_MAX)));
-    case AttrType::Float: return static_cast<double>(static_cast<float>(std::clamp(value, -double(FLT_MAX), double(FLT_MAX))));
-    default: return value;
-    }
-}
 
 bool writeNumbers(const PlugRange& range, int stride, TokenCursor& in, std::string& error) {
     const uint64_t needed = range.count() * static_cast<uint64_t>(stride);
@@ -113,7 +127,9 @@ bool writeNumbers(const PlugRange& range, int stride, TokenCursor& in, std::stri
             continue;
         }
         std::vector<Slot>& children = plug.slotForWrite()->childSlots(attr->children.size());
-        for (int k = 0; k < stride; ++k) children[static_cast<std::size_t>(k)].value = numericValue(*attr->children[static_cast<std::size_t>(k)], v[k]);
+        for (int k = 0; k < stride; ++k)
+            children[static_cast<std::size_t>(k)].value =
+                numericValue(*attr->children[static_cast<std::size_t>(k)], v[k]);
     }
     range.first().node()->touch();
     return true;
@@ -129,7 +145,8 @@ bool writeSparseRows(const PlugRange& range, TokenCursor& in, std::string& error
             error = "each row of " + scene().plugName(range.first()) + " must start with a count of values.";
             return false;
         }
-        if (in.remaining() < 2 * static_cast<std::size_t>(count)) return notEnough(range, 2 * static_cast<uint64_t>(count), in.remaining(), error);
+        if (in.remaining() < 2 * static_cast<std::size_t>(count))
+            return notEnough(range, 2 * static_cast<uint64_t>(count), in.remaining(), error);
         auto& row = rows.emplace_back();
         row.reserve(static_cast<std::size_t>(count));
         for (int k = 0; k < count; ++k) {
@@ -160,9 +177,9 @@ bool writePayloads(const PlugRange& range, const std::string& typeName, TokenCur
     const AttrSpec* attr = range.first().attr();
     const bool generic = attr->type == AttrType::Generic;
     if (!generic && !payloadFits(*attr, payload)) {
-        error = payload.kind == PayloadKind::Unknown
-                    ? "unknown data type '" + typeName + "'."
-                    : "the attribute " + scene().plugName(range.first()) + " does not take -type " + typeName + " data.";
+        error = payload.kind == PayloadKind::Unknown ? "unknown data type '" + typeName + "'."
+                                                     : "the attribute " + scene().plugName(range.first()) +
+                                                           " does not take -type " + typeName + " data.";
         return false;
     }
     if (range.first().isArray()) {
@@ -184,11 +201,13 @@ bool writePayloads(const PlugRange& range, const std::string& typeName, TokenCur
             return false;
         }
     }
-    if (!in.atEnd()) return tooMuch(range, range.count(), static_cast<std::size_t>(range.count()) + in.remaining(), error);
+    if (!in.atEnd())
+        return tooMuch(range, range.count(), static_cast<std::size_t>(range.count()) + in.remaining(), error);
     if (!checkConnections(range, error)) return false;
     if (meshArrayOf(range.first()) == MeshArray::Faces) {
         std::vector<const std::vector<int>*> faces;
-        for (const Value& v : values) faces.push_back(&dataAs<PolyFacesData>(std::get<DataPtr>(v))->faces.front());
+        for (const Value& v : values)
+            faces.push_back(&dataAs<PolyFacesData>(std::get<DataPtr>(v))->faces.front());
         const uint32_t index = range.ranged() ? range.firstIndex() : range.first().indexAt(0);
         if (!writeMeshFaces(*range.first().node(), index, faces, error)) return false;
     }
@@ -213,9 +232,12 @@ bool writeGenericValues(const PlugRange& range, TokenCursor& in, std::string& er
             const Token& token = in.next();
             double number = 0.0;
             bool flag = false;
-            if (numberFromText(token.text, number)) values.emplace_back(number);
-            else if (!token.quoted && boolFromText(token.text, flag)) values.emplace_back(flag);
-            else values.emplace_back(token.text);
+            if (numberFromText(token.text, number))
+                values.emplace_back(number);
+            else if (!token.quoted && boolFromText(token.text, flag))
+                values.emplace_back(flag);
+            else
+                values.emplace_back(token.text);
             continue;
         }
         auto data = std::make_shared<DoubleArrayData>();

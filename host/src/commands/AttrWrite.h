@@ -20,7 +20,4 @@ bool writePayloads(const PlugRange& range, const std::string& typeName, TokenCur
 // number, a boolean or a string, several as a double array.
 bool writeGenericValues(const PlugRange& range, TokenCursor& in, std::string& error);
 
-// The numeric value a leaf of this type stores.
-Value numericValue(const AttrSpec& attr, double value);
-
 } // namespace host

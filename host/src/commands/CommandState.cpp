@@ -18,10 +18,16 @@ std::weak_ptr<Node>& currentHolder() {
 
 } // namespace
 
-void setFileReadingMode(bool reading) { readingFlag() = reading; }
-bool fileReadingMode() { return readingFlag(); }
+void setFileReadingMode(bool reading) {
+    readingFlag() = reading;
+}
+bool fileReadingMode() {
+    return readingFlag();
+}
 
-void setCurrentNode(const NodePtr& node) { currentHolder() = node; }
+void setCurrentNode(const NodePtr& node) {
+    currentHolder() = node;
+}
 
 NodePtr currentNode() {
     NodePtr node = currentHolder().lock();

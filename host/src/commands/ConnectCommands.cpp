@@ -1,6 +1,7 @@
 // connectAttr and disconnectAttr.
 #include "commands/ArgReader.h"
 #include "commands/CommandGroups.h"
+#include "commands/ConnectedPlugs.h"
 #include "commands/Names.h"
 #include "engine/Scene.h"
 
@@ -23,7 +24,8 @@ bool lookupBoth(const ArgReader& args, Plug& source, Plug& destination) {
 Plug nextAvailable(const Plug& array) {
     std::set<uint32_t> used;
     for (const Connection& c : scene().connections())
-        if (c.destination.isElement() && c.destination.array() == array) used.insert(c.destination.logicalIndex());
+        if (c.destination.isElement() && c.destination.array() == array)
+            used.insert(c.destination.logicalIndex());
     uint32_t index = 0;
     while (used.count(index)) ++index;
     return array.element(index);
@@ -38,6 +40,8 @@ bool connectAttrCommand(Invocation& inv) {
     Plug source, destination;
     if (!lookupBoth(args, source, destination)) return false;
     if (args.has("nextAvailable") && destination.isArray()) destination = nextAvailable(destination);
+    if (source != destination && (isAtOrBelow(source, destination) || isAtOrBelow(destination, source)))
+        return args.fail("cannot connect " + scene().plugName(source) + " to a part of itself.");
     std::string error;
     if (!scene().connect(source, destination, args.has("force"), &error)) return args.fail(error);
     // Connecting an element makes it exist.

@@ -9,6 +9,13 @@ ConnectedPlugs::ConnectedPlugs(const Node& node) {
         if (c.destination.node().get() == &node) destinations_.insert(c.destination);
 }
 
+bool isAtOrBelow(const Plug& plug, const Plug& top) {
+    if (plug.node() != top.node()) return false;
+    for (Plug p = plug; !p.isNull(); p = p.isElement() ? p.array() : p.parent())
+        if (p == top) return true;
+    return false;
+}
+
 bool ConnectedPlugs::blocks(const Plug& plug) const {
     if (destinations_.empty()) return false;
     for (Plug p = plug; !p.isNull(); p = p.isElement() ? p.array() : p.parent())

@@ -17,4 +17,7 @@ private:
     std::unordered_set<Plug, PlugHash> destinations_;
 };
 
+// True when `plug` is `top` or lies below it: an element or child at any depth.
+bool isAtOrBelow(const Plug& plug, const Plug& top);
+
 } // namespace host

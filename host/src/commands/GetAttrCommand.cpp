@@ -35,22 +35,28 @@ CommandResult dataResult(const DataObject& data) {
     }
     case DataKind::PointArray: {
         std::vector<double> flat;
-        for (const Point4& p : static_cast<const PointArrayData&>(data).points) flat.insert(flat.end(), {p.x, p.y, p.z, p.w});
+        for (const Point4& p : static_cast<const PointArrayData&>(data).points)
+            flat.insert(flat.end(), {p.x, p.y, p.z, p.w});
         return flat;
     }
-    case DataKind::IntArray: return static_cast<const IntArrayData&>(data).values;
-    case DataKind::DoubleArray: return static_cast<const DoubleArrayData&>(data).values;
-    case DataKind::StringArray: return static_cast<const StringArrayData&>(data).values;
+    case DataKind::IntArray:
+        return static_cast<const IntArrayData&>(data).values;
+    case DataKind::DoubleArray:
+        return static_cast<const DoubleArrayData&>(data).values;
+    case DataKind::StringArray:
+        return static_cast<const StringArrayData&>(data).values;
     case DataKind::Matrix: {
         const auto& m = static_cast<const MatrixData&>(data).m;
         return std::vector<double>(m.begin(), m.end());
     }
     case DataKind::PolyFaces: {
         std::vector<int> flat;
-        for (const auto& face : static_cast<const PolyFacesData&>(data).faces) flat.insert(flat.end(), face.begin(), face.end());
+        for (const auto& face : static_cast<const PolyFacesData&>(data).faces)
+            flat.insert(flat.end(), face.begin(), face.end());
         return flat;
     }
-    default: return std::monostate{};
+    default:
+        return std::monostate{};
     }
 }
 
@@ -59,11 +65,15 @@ CommandResult emptyResult(const AttrSpec& attr) {
     if (attr.type == AttrType::Matrix) return dataResult(MatrixData());
     switch (attr.dataKind) {
     case DataKind::ComponentList:
-    case DataKind::StringArray: return std::vector<std::string>();
+    case DataKind::StringArray:
+        return std::vector<std::string>();
     case DataKind::IntArray:
-    case DataKind::PolyFaces: return std::vector<int>();
-    case DataKind::Matrix: return dataResult(MatrixData());
-    default: return std::vector<double>();
+    case DataKind::PolyFaces:
+        return std::vector<int>();
+    case DataKind::Matrix:
+        return dataResult(MatrixData());
+    default:
+        return std::vector<double>();
     }
 }
 
@@ -73,8 +83,10 @@ bool appendNumbers(const Plug& plug, std::vector<double>& out) {
     if (meshArrayOf(plug) == MeshArray::Points && !plug.isArray()) {
         std::array<double, 3> p{};
         if (meshPoint(*plug.node(), plug.indexAt(0), p)) {
-            if (plug.isCompound()) out.insert(out.end(), p.begin(), p.end());
-            else out.push_back(p[static_cast<std::size_t>(plug.attr()->index)]);
+            if (plug.isCompound())
+                out.insert(out.end(), p.begin(), p.end());
+            else
+                out.push_back(p[static_cast<std::size_t>(plug.attr()->index)]);
             return true;
         }
     }
@@ -94,7 +106,7 @@ bool appendNumbers(const Plug& plug, std::vector<double>& out) {
         return true;
     }
     if (!plug.attr()->isNumeric()) return false;
-    out.push_back(valueAsDouble(evaluatedValue(plug)));
+    out.push_back(toUiUnits(*plug.attr(), valueAsDouble(evaluatedValue(plug))));
     return true;
 }
 
@@ -107,12 +119,15 @@ bool valueOf(const Plug& plug, CommandResult& result, std::string& error) {
     if (plug.isArray() || plug.isCompound() || meshArrayOf(plug) == MeshArray::Points) {
         std::vector<double> numbers;
         if (!appendNumbers(plug, numbers)) {
-            error = "the value of " + scene().plugName(plug) + " cannot be shown as numbers; read its elements.";
+            error =
+                "the value of " + scene().plugName(plug) + " cannot be shown as numbers; read its elements.";
             return false;
         }
         // A single coordinate (".vt[3].vx") is a number, not a list.
-        if (!plug.isArray() && !plug.isCompound() && numbers.size() == 1) result = numbers.front();
-        else result = std::move(numbers);
+        if (!plug.isArray() && !plug.isCompound() && numbers.size() == 1)
+            result = numbers.front();
+        else
+            result = std::move(numbers);
         return true;
     }
     const Value value = evaluatedValue(plug);
@@ -125,23 +140,36 @@ bool valueOf(const Plug& plug, CommandResult& result, std::string& error) {
         return true;
     }
     switch (attr.type) {
-    case AttrType::Bool: result = valueAsDouble(value) != 0.0; return true;
+    case AttrType::Bool:
+        result = valueAsDouble(value) != 0.0;
+        return true;
     case AttrType::Int:
-    case AttrType::Enum: result = static_cast<int>(valueAsDouble(value)); return true;
+    case AttrType::Enum:
+        result = static_cast<int>(valueAsDouble(value));
+        return true;
     case AttrType::Float:
-    case AttrType::Double: result = valueAsDouble(value); return true;
-    default: break;
+    case AttrType::Double:
+        result = toUiUnits(attr, valueAsDouble(value));
+        return true;
+    default:
+        break;
     }
-    if (auto text = std::get_if<std::string>(&value)) result = *text;
-    else if (auto b = std::get_if<bool>(&value)) result = *b;
-    else if (auto i = std::get_if<int>(&value)) result = *i;
-    else if (auto d = std::get_if<double>(&value)) result = *d;
-    else result = emptyResult(attr);
+    if (auto text = std::get_if<std::string>(&value))
+        result = *text;
+    else if (auto b = std::get_if<bool>(&value))
+        result = *b;
+    else if (auto i = std::get_if<int>(&value))
+        result = *i;
+    else if (auto d = std::get_if<double>(&value))
+        result = *d;
+    else
+        result = emptyResult(attr);
     return true;
 }
 
 bool getAttrCommand(Invocation& inv) {
-    static const FlagTable flags = {{"typ", "type", ""}, {"s", "size", ""}, {"sl", "silent", ""}, {"t", "time", "d"}};
+    static const FlagTable flags = {
+        {"typ", "type", ""}, {"s", "size", ""}, {"sl", "silent", ""}, {"t", "time", "d"}};
     ArgReader args("getAttr", inv.statement.args);
     if (!args.parse(flags)) return false;
     if (args.positional().size() != 1) return args.fail("give exactly one attribute.");
@@ -168,6 +196,8 @@ bool getAttrCommand(Invocation& inv) {
 
 } // namespace
 
-void registerGetAttrCommand(CommandTable& table) { table.add("getAttr", getAttrCommand); }
+void registerGetAttrCommand(CommandTable& table) {
+    table.add("getAttr", getAttrCommand);
+}
 
 } // namespace host

@@ -3,6 +3,7 @@
 #include "engine/Scene.h"
 
 #include <algorithm>
+#include <cfloat>
 #include <climits>
 
 namespace host {
@@ -12,8 +13,10 @@ namespace {
 // The node's geometry to change: a private copy when someone else shares it.
 MeshData& editableMesh(Node& node) {
     auto& mesh = node.mesh();
-    if (!mesh) mesh = std::make_shared<MeshData>();
-    else if (mesh.use_count() > 1) mesh = std::static_pointer_cast<MeshData>(mesh->clone());
+    if (!mesh)
+        mesh = std::make_shared<MeshData>();
+    else if (mesh.use_count() > 1)
+        mesh = std::static_pointer_cast<MeshData>(mesh->clone());
     node.touch();
     return *mesh;
 }
@@ -51,10 +54,15 @@ std::size_t meshArraySize(const Node& node, MeshArray array) {
     const MeshData* mesh = node.mesh().get();
     if (!mesh) return 0;
     switch (array) {
-    case MeshArray::Points: return mesh->points.size();
-    case MeshArray::Edges: return mesh->edges.size();
-    case MeshArray::Faces: return mesh->faceCounts.size();
-    case MeshArray::None: break;
+    case MeshArray::Points:
+        return mesh->points.size();
+    case MeshArray::Edges:
+        return mesh->edges.empty() ? static_cast<std::size_t>(mesh->topology().numEdges())
+                                   : mesh->edges.size();
+    case MeshArray::Faces:
+        return mesh->faceCounts.size();
+    case MeshArray::None:
+        break;
     }
     return 0;
 }
@@ -73,8 +81,9 @@ bool writeMeshPoints(Node& node, uint32_t first, std::size_t count, int firstFie
     if (mesh.points.size() < first + count) mesh.points.resize(first + count, {0.0f, 0.0f, 0.0f});
     for (std::size_t e = 0; e < count; ++e)
         for (int f = 0; f < fields && firstField + f < 3; ++f)
-            mesh.points[first + e][static_cast<std::size_t>(firstField + f)] =
-                static_cast<float>(values[e * static_cast<std::size_t>(fields) + static_cast<std::size_t>(f)]);
+            mesh.points[first + e][static_cast<std::size_t>(firstField + f)] = static_cast<float>(
+                std::clamp(values[e * static_cast<std::size_t>(fields) + static_cast<std::size_t>(f)],
+                           -double(FLT_MAX), double(FLT_MAX)));
     topologyChanged(mesh);
     return true;
 }
@@ -82,6 +91,11 @@ bool writeMeshPoints(Node& node, uint32_t first, std::size_t count, int firstFie
 bool writeMeshEdges(Node& node, uint32_t first, std::size_t count, int firstField, int fields,
                     const std::vector<double>& values, std::string& error) {
     MeshData& mesh = editableMesh(node);
+    // Edges that follow from the faces are spelled out before one of them changes.
+    if (mesh.edges.empty() && !mesh.faceCounts.empty()) {
+        const std::vector<int>& ends = mesh.topology().edgeVertexList();
+        for (std::size_t i = 0; i + 1 < ends.size(); i += 2) mesh.edges.push_back({ends[i], ends[i + 1]});
+    }
     if (!checkRange(first, count, mesh.edges.size(), "edge", error)) return false;
     const bool grows = first + count > mesh.edges.size();
     if (grows && (firstField != 0 || fields < 2)) {
@@ -107,11 +121,13 @@ bool writeMeshEdges(Node& node, uint32_t first, std::size_t count, int firstFiel
     return true;
 }
 
-bool writeMeshFaces(Node& node, uint32_t first, const std::vector<const std::vector<int>*>& faces, std::string& error) {
+bool writeMeshFaces(Node& node, uint32_t first, const std::vector<const std::vector<int>*>& faces,
+                    std::string& error) {
     MeshData& mesh = editableMesh(node);
     if (!checkRange(first, faces.size(), mesh.faceCounts.size(), "face", error)) return false;
     const int numEdges = static_cast<int>(mesh.edges.size());
-    // Each face's vertices are the start vertices of its edges as walked; each edge must end where the next begins.
+    // Each face's vertices are the start vertices of its edges as walked; each edge must end where the next
+    // begins.
     std::vector<int> counts, vertices;
     counts.reserve(faces.size());
     for (std::size_t f = 0; f < faces.size(); ++f) {
@@ -146,7 +162,8 @@ bool writeMeshFaces(Node& node, uint32_t first, const std::vector<const std::vec
         return corner;
     };
     const std::ptrdiff_t cornerBegin = cornerOf(first), cornerEnd = cornerOf(last);
-    mesh.faceCounts.erase(mesh.faceCounts.begin() + first, mesh.faceCounts.begin() + static_cast<std::ptrdiff_t>(last));
+    mesh.faceCounts.erase(mesh.faceCounts.begin() + first,
+                          mesh.faceCounts.begin() + static_cast<std::ptrdiff_t>(last));
     mesh.faceCounts.insert(mesh.faceCounts.begin() + first, counts.begin(), counts.end());
     mesh.faceConnects.erase(mesh.faceConnects.begin() + cornerBegin, mesh.faceConnects.begin() + cornerEnd);
     mesh.faceConnects.insert(mesh.faceConnects.begin() + cornerBegin, vertices.begin(), vertices.end());

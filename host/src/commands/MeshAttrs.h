@@ -29,6 +29,7 @@ bool writeMeshPoints(Node& node, uint32_t first, std::size_t count, int firstFie
 bool writeMeshEdges(Node& node, uint32_t first, std::size_t count, int firstField, int fields,
                     const std::vector<double>& values, std::string& error);
 // Faces as signed edge references (-i-1 walks edge i backwards), one per element.
-bool writeMeshFaces(Node& node, uint32_t first, const std::vector<const std::vector<int>*>& faces, std::string& error);
+bool writeMeshFaces(Node& node, uint32_t first, const std::vector<const std::vector<int>*>& faces,
+                    std::string& error);
 
 } // namespace host

@@ -26,14 +26,21 @@ CommandResult asResult(const OptionValue& value) {
 
 // Flags act in the order given, so one call can set several variables.
 bool optionVarCommand(Invocation& inv) {
-    static const FlagTable flags = {
-        {"iv", "intValue", "si"},         {"fv", "floatValue", "sd"},  {"sv", "stringValue", "ss"},
-        {"iva", "intValueAppend", "si"},  {"fva", "floatValueAppend", "sd"}, {"sva", "stringValueAppend", "ss"},
-        {"ca", "clearArray", "s"},        {"q", "query", "s"},         {"ex", "exists", "s"},
-        {"rm", "remove", "s"},            {"l", "list", ""}};
+    static const FlagTable flags = {{"iv", "intValue", "si"},
+                                    {"fv", "floatValue", "sd"},
+                                    {"sv", "stringValue", "ss"},
+                                    {"iva", "intValueAppend", "si"},
+                                    {"fva", "floatValueAppend", "sd"},
+                                    {"sva", "stringValueAppend", "ss"},
+                                    {"ca", "clearArray", "s"},
+                                    {"q", "query", "s"},
+                                    {"ex", "exists", "s"},
+                                    {"rm", "remove", "s"},
+                                    {"l", "list", ""}};
     ArgReader args("optionVar", inv.statement.args);
     if (!args.parse(flags)) return false;
-    if (!args.positional().empty()) return args.fail("unexpected argument " + args.positional()[0]->text + ".");
+    if (!args.positional().empty())
+        return args.fail("unexpected argument " + args.positional()[0]->text + ".");
     if (args.flagUses().empty()) return args.fail("give a flag.");
     auto& vars = scene().optionVars();
     for (const ArgReader::Use& use : args.flagUses()) {
@@ -97,7 +104,8 @@ bool currentTimeCommand(Invocation& inv) {
         return true;
     }
     double frame = 0.0;
-    if (positional.size() != 1 || !numberFromText(positional[0]->text, frame)) return args.fail("give the time as a number.");
+    if (positional.size() != 1 || !numberFromText(positional[0]->text, frame))
+        return args.fail("give the time as a number.");
     scene().setCurrentTime(frame);
     scene().touch();
     inv.result = frame;

@@ -1,6 +1,7 @@
 // removeMultiInstance: removes one element of a multi attribute with everything below it.
 #include "commands/ArgReader.h"
 #include "commands/CommandGroups.h"
+#include "commands/ConnectedPlugs.h"
 #include "commands/MeshAttrs.h"
 #include "commands/Names.h"
 #include "engine/Scene.h"
@@ -8,13 +9,6 @@
 namespace host {
 
 namespace {
-
-bool isAtOrBelow(const Plug& plug, const Plug& top) {
-    if (plug.node() != top.node()) return false;
-    for (Plug p = plug; !p.isNull(); p = p.isElement() ? p.array() : p.parent())
-        if (p == top) return true;
-    return false;
-}
 
 bool removeMultiInstanceCommand(Invocation& inv) {
     static const FlagTable flags = {{"b", "break", "b"}, {"all", "allChildren", ""}};
@@ -24,9 +18,11 @@ bool removeMultiInstanceCommand(Invocation& inv) {
     std::string error;
     const Plug plug = lookupPlug(args.positional()[0]->text, &error);
     if (plug.isNull()) return args.fail(error);
-    if (!plug.isElement()) return args.fail(scene().plugName(plug) + " is not an element of a multi attribute.");
+    if (!plug.isElement())
+        return args.fail(scene().plugName(plug) + " is not an element of a multi attribute.");
     // The mesh's geometry arrays cannot lose an element in the middle.
-    if (meshArrayOf(plug) != MeshArray::None) return args.fail("the geometry elements of a mesh cannot be removed.");
+    if (meshArrayOf(plug) != MeshArray::None)
+        return args.fail("the geometry elements of a mesh cannot be removed.");
     bool connected = false;
     for (const Connection& c : scene().connections())
         connected = connected || isAtOrBelow(c.source, plug) || isAtOrBelow(c.destination, plug);
@@ -40,6 +36,8 @@ bool removeMultiInstanceCommand(Invocation& inv) {
 
 } // namespace
 
-void registerMultiCommands(CommandTable& table) { table.add("removeMultiInstance", removeMultiInstanceCommand); }
+void registerMultiCommands(CommandTable& table) {
+    table.add("removeMultiInstance", removeMultiInstanceCommand);
+}
 
 } // namespace host

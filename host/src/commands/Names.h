@@ -1,17 +1,18 @@
 #pragma once
-// Node and plug names as commands take them: node names and DAG paths (":name" is the root
-// namespace, as scene files write it) and "node.attr" plugs, where ".attr" means the current node.
+// Names as commands take and give them: "node.attr" plugs, where ".attr" means the current node,
+// node names in results, and new attribute names.
 #include "engine/Plug.h"
 
 #include <string>
 
 namespace host {
 
-NodePtr lookupNode(const std::string& name, std::string* error);
-// Reading a scene file (or setting on a generic node), an unknown top-level attribute becomes a
-// generic attribute so that its value is kept.
+// Reading a scene file (or on a node of a generic type), attributes the node does not have are made
+// up as generic ones so that the file's data is kept.
 Plug lookupPlug(const std::string& text, std::string* error);
 // The name commands report for a node: the shortest unique DAG path, or the plain name.
 std::string nodeName(const Node& node);
+// Attribute and alias names: a letter, then letters, digits and underscores.
+bool validAttrName(const std::string& name);
 
 } // namespace host

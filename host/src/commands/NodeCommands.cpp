@@ -25,13 +25,15 @@ bool createNodeCommand(Invocation& inv) {
     const std::string& name = args.text("name");
     std::string error;
     NodePtr parent;
-    if (args.has("parent") && !(parent = lookupNode(args.text("parent"), &error))) {
+    if (args.has("parent") && !(parent = scene().findNode(args.text("parent"), &error))) {
         messageLog().error(error);
         return false;
     }
+    if (parent && parent->type().shape)
+        return args.fail("a shape cannot be a parent: " + nodeName(*parent) + ".");
     // A shared node (the cameras and globals every scene file names) is made only once.
     if (args.has("shared") && !name.empty()) {
-        NodePtr existing = lookupNode(name, nullptr);
+        NodePtr existing = scene().findNode(name, nullptr);
         if (existing && existing->type().name == typeName) {
             setCurrentNode(existing);
             inv.result = nodeName(*existing);
@@ -78,7 +80,7 @@ bool renameCommand(Invocation& inv) {
     std::string error;
     NodePtr node;
     if (names.size() == 2) {
-        node = lookupNode(names[0]->text, &error);
+        node = scene().findNode(names[0]->text, &error);
     } else {
         const auto& selection = scene().activeSelection();
         node = selection.empty() ? nullptr : selection.front().node;
@@ -108,7 +110,8 @@ bool deleteCommand(Invocation& inv) {
     if (args.positional().empty()) items = scene().activeSelection();
     if (items.empty()) return args.fail("Not enough objects or values.");
     for (const SelectionItem& item : items)
-        if (item.component || !item.plug.isNull()) return args.fail("components and attributes cannot be deleted.");
+        if (item.component || !item.plug.isNull())
+            return args.fail("components and attributes cannot be deleted.");
     // Nodes carry no construction history in the host: deleting it leaves nothing to do.
     if (args.has("constructionHistory")) return true;
     bool ok = true;

@@ -6,6 +6,7 @@
 #include "mesh/MeshData.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace host {
 
@@ -45,8 +46,7 @@ std::string displayName(const Node& node, bool longNames) {
     return longNames ? scene().fullPath(node) : nodeName(node);
 }
 
-} // namespace
-
+// Glob matching with * (any run) and ? (any one character), in linear space.
 bool matchesPattern(std::string_view pattern, std::string_view text) {
     std::size_t p = 0, t = 0, star = std::string_view::npos, resume = 0;
     while (t < text.size()) {
@@ -67,6 +67,8 @@ bool matchesPattern(std::string_view pattern, std::string_view text) {
     return p == pattern.size();
 }
 
+} // namespace
+
 bool isPattern(const std::string& text) {
     const std::size_t end = std::min(text.find('.'), text.size());
     return text.find_first_of("*?") < end;
@@ -76,10 +78,14 @@ int componentCount(const Node& node, ComponentType type) {
     const MeshData* mesh = node.mesh().get();
     if (!mesh) return 0;
     switch (type) {
-    case ComponentType::Vertex: return mesh->numVertices();
-    case ComponentType::Face: return mesh->numFaces();
-    case ComponentType::Edge: return mesh->edges.empty() ? mesh->topology().numEdges() : static_cast<int>(mesh->edges.size());
-    default: return 0;
+    case ComponentType::Vertex:
+        return mesh->numVertices();
+    case ComponentType::Face:
+        return mesh->numFaces();
+    case ComponentType::Edge:
+        return mesh->edges.empty() ? mesh->topology().numEdges() : static_cast<int>(mesh->edges.size());
+    default:
+        return 0;
     }
 }
 
@@ -98,7 +104,7 @@ bool resolveObjectArg(const std::string& text, SelectionList& out, std::string* 
         return true;
     }
     const std::size_t dot = text.find('.');
-    NodePtr node = lookupNode(text.substr(0, dot), error);
+    NodePtr node = scene().findNode(text.substr(0, dot), error);
     if (!node) {
         if (error && error->rfind("More than one", 0) != 0) *error = "No object matches name: " + text;
         return false;
@@ -126,7 +132,8 @@ void appendItemNames(const SelectionItem& item, bool longNames, bool flatten, st
         for (const std::string& text : componentItems(c)) out.push_back(name + "." + text);
         return;
     }
-    const std::string prefix = name + "." + (c.typeName.empty() ? componentTypeName(c.type) : c.typeName) + "[";
+    const std::string prefix =
+        name + "." + (c.typeName.empty() ? componentTypeName(c.type) : c.typeName) + "[";
     auto add = [&](int e) { out.push_back(prefix + std::to_string(e) + "]"); };
     if (c.complete)
         for (int e = 0, n = componentCount(*item.node, c.type); e < n; ++e) add(e);

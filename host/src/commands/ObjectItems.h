@@ -5,7 +5,6 @@
 #include "engine/Selection.h"
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace host {
@@ -15,8 +14,7 @@ namespace host {
 // resolve.
 bool resolveObjectArg(const std::string& text, SelectionList& out, std::string* error);
 
-// Glob matching with * (any run) and ? (any one character), in linear space.
-bool matchesPattern(std::string_view pattern, std::string_view text);
+// Whether a name holds * or ? before any attribute or component part.
 bool isPattern(const std::string& text);
 
 // The number of vertices, edges or faces of a mesh node (0 for other types).

@@ -37,7 +37,8 @@ void setLocalMatrix(const NodePtr& node, const MMatrix& target) {
     for (int c = 0; c < 3; ++c) upper.matrix[3][c] = 0.0;
     if (joint) {
         MMatrix parentScale;
-        for (int i = 0; i < 3; ++i) parentScale.matrix[i][i] = number(node, i == 0 ? "isx" : i == 1 ? "isy" : "isz", 1.0);
+        for (int i = 0; i < 3; ++i)
+            parentScale.matrix[i][i] = number(node, i == 0 ? "isx" : i == 1 ? "isy" : "isz", 1.0);
         upper = upper * parentScale;
     }
     const MTransformationMatrix parts(upper);
@@ -45,10 +46,12 @@ void setLocalMatrix(const NodePtr& node, const MMatrix& target) {
     parts.getScale(scale, MSpace::kTransform);
     parts.getShear(shear, MSpace::kTransform);
     const MMatrix orient = joint ? eulerAt(node, "jox", "joy", "joz") : MMatrix();
-    const MMatrix rotation = eulerAt(node, "rax", "ray", "raz").inverse() * parts.asRotateMatrix() * orient.inverse();
+    const MMatrix rotation =
+        eulerAt(node, "rax", "ray", "raz").inverse() * parts.asRotateMatrix() * orient.inverse();
     int order = static_cast<int>(number(node, "ro", 0.0));
     if (order < 0 || order > 5) order = 0;
-    const MEulerRotation r = MEulerRotation::decompose(rotation, static_cast<MEulerRotation::RotationOrder>(order));
+    const MEulerRotation r =
+        MEulerRotation::decompose(rotation, static_cast<MEulerRotation::RotationOrder>(order));
     const char* scaleNames[] = {"sx", "sy", "sz"};
     const char* shearNames[] = {"shxy", "shxz", "shyz"};
     const char* translateNames[] = {"tx", "ty", "tz"};
@@ -61,26 +64,29 @@ void setLocalMatrix(const NodePtr& node, const MMatrix& target) {
         setNumber(node, translateNames[i], 0.0);
     }
     const MMatrix withoutTranslate = localMatrix(*node);
-    for (int i = 0; i < 3; ++i) setNumber(node, translateNames[i], target.matrix[3][i] - withoutTranslate.matrix[3][i]);
+    for (int i = 0; i < 3; ++i)
+        setNumber(node, translateNames[i], target.matrix[3][i] - withoutTranslate.matrix[3][i]);
 }
 
 bool parentCommand(Invocation& inv) {
-    static const FlagTable flags = {{"w", "world", ""},   {"r", "relative", ""},     {"a", "absolute", ""},
-                                    {"s", "shape", ""},   {"nc", "noConnections", ""}, {"nis", "noInvScale", ""}};
+    static const FlagTable flags = {{"w", "world", ""},          {"r", "relative", ""},
+                                    {"a", "absolute", ""},       {"s", "shape", ""},
+                                    {"nc", "noConnections", ""}, {"nis", "noInvScale", ""}};
     ArgReader args("parent", inv.statement.args);
     if (!args.parse(flags)) return false;
     const auto& names = args.positional();
     const bool world = args.has("world");
-    if (names.size() < (world ? 1u : 2u)) return args.fail("give the objects to parent and their new parent.");
+    if (names.size() < (world ? 1u : 2u))
+        return args.fail("give the objects to parent and their new parent.");
     std::string error;
     NodePtr newParent;
-    if (!world && !(newParent = lookupNode(names.back()->text, &error))) {
+    if (!world && !(newParent = scene().findNode(names.back()->text, &error))) {
         messageLog().error(error);
         return false;
     }
     std::vector<NodePtr> children;
     for (std::size_t i = 0; i < names.size() - (world ? 0 : 1); ++i) {
-        NodePtr child = lookupNode(names[i]->text, &error);
+        NodePtr child = scene().findNode(names[i]->text, &error);
         if (!child) {
             messageLog().error(error);
             return false;
@@ -101,7 +107,8 @@ bool parentCommand(Invocation& inv) {
             messageLog().error(error);
             return false;
         }
-        if (keepWorld) setLocalMatrix(child, before * (newParent ? worldMatrix(*newParent) : MMatrix()).inverse());
+        if (keepWorld)
+            setLocalMatrix(child, before * (newParent ? worldMatrix(*newParent) : MMatrix()).inverse());
         result.push_back(nodeName(*child));
     }
     inv.result = result;
@@ -110,6 +117,8 @@ bool parentCommand(Invocation& inv) {
 
 } // namespace
 
-void registerParentCommand(CommandTable& table) { table.add("parent", parentCommand); }
+void registerParentCommand(CommandTable& table) {
+    table.add("parent", parentCommand);
+}
 
 } // namespace host

@@ -59,8 +59,8 @@ bool PlugRange::resolve(const std::string& text, std::string& error) {
         first_ = lookupPlug(text, &error);
         return !first_.isNull();
     }
-    if (dot == std::string::npos || !readIndex(text, open + 1, colon, lo_) || !readIndex(text, colon + 1, close, hi_) ||
-        hi_ < lo_ || text.find(':', close) != std::string::npos) {
+    if (dot == std::string::npos || !readIndex(text, open + 1, colon, lo_) ||
+        !readIndex(text, colon + 1, close, hi_) || hi_ < lo_ || text.find(':', close) != std::string::npos) {
         error = "Invalid index range: " + text;
         return false;
     }

@@ -28,19 +28,25 @@ std::string shapeNameFor(const std::string& transform) {
 bool makePrimitive(Invocation& inv, const char* command, const char* stem, const FlagTable& shapeFlags,
                    const MakeMesh& make) {
     FlagTable flags = shapeFlags;
-    flags.insert(flags.end(), {{"n", "name", "s"}, {"ch", "constructionHistory", "b"}, {"o", "object", "b"},
-                               {"cuv", "createUVs", "i"}, {"ax", "axis", "ddd"}});
+    flags.insert(flags.end(), {{"n", "name", "s"},
+                               {"ch", "constructionHistory", "b"},
+                               {"o", "object", "b"},
+                               {"cuv", "createUVs", "i"},
+                               {"ax", "axis", "ddd"}});
     ArgReader args(command, inv.statement.args);
     if (!args.parse(flags)) return false;
-    if (!args.positional().empty()) return args.fail("unexpected argument " + args.positional()[0]->text + ".");
+    if (!args.positional().empty())
+        return args.fail("unexpected argument " + args.positional()[0]->text + ".");
     core::PolyMesh polyMesh;
     const std::string problem = make(args, polyMesh);
     if (!problem.empty()) return args.fail(problem + ".");
     Scene& s = scene();
     std::string error;
     const std::string name = args.text("name");
-    NodePtr transform = s.createNode("transform", name.empty() ? std::string(stem) + "#" : name, nullptr, &error);
-    NodePtr shape = transform ? s.createNode("mesh", shapeNameFor(transform->name()), transform.get(), &error) : nullptr;
+    NodePtr transform =
+        s.createNode("transform", name.empty() ? std::string(stem) + "#" : name, nullptr, &error);
+    NodePtr shape =
+        transform ? s.createNode("mesh", shapeNameFor(transform->name()), transform.get(), &error) : nullptr;
     if (!shape) {
         if (transform) s.deleteNode(transform, nullptr);
         return args.fail(error);
@@ -48,7 +54,8 @@ bool makePrimitive(Invocation& inv, const char* command, const char* stem, const
     auto mesh = std::make_shared<MeshData>();
     mesh->points.reserve(polyMesh.points.size() / 3);
     for (std::size_t i = 0; i + 2 < polyMesh.points.size(); i += 3)
-        mesh->points.push_back({static_cast<float>(polyMesh.points[i]), static_cast<float>(polyMesh.points[i + 1]),
+        mesh->points.push_back({static_cast<float>(polyMesh.points[i]),
+                                static_cast<float>(polyMesh.points[i + 1]),
                                 static_cast<float>(polyMesh.points[i + 2])});
     mesh->faceCounts = std::move(polyMesh.faceCounts);
     mesh->faceConnects = std::move(polyMesh.faceConnects);
@@ -62,8 +69,9 @@ bool makePrimitive(Invocation& inv, const char* command, const char* stem, const
 }
 
 bool polyCubeCommand(Invocation& inv) {
-    static const FlagTable flags = {{"w", "width", "d"},         {"h", "height", "d"},        {"d", "depth", "d"},
-                                    {"sx", "subdivisionsX", "i"}, {"sy", "subdivisionsY", "i"}, {"sz", "subdivisionsZ", "i"}};
+    static const FlagTable flags = {{"w", "width", "d"},          {"h", "height", "d"},
+                                    {"d", "depth", "d"},          {"sx", "subdivisionsX", "i"},
+                                    {"sy", "subdivisionsY", "i"}, {"sz", "subdivisionsZ", "i"}};
     return makePrimitive(inv, "polyCube", "pCube", flags, [](const ArgReader& args, core::PolyMesh& mesh) {
         core::PolyCubeOptions o;
         if (args.has("width")) o.width = args.number("width");
@@ -77,8 +85,10 @@ bool polyCubeCommand(Invocation& inv) {
 }
 
 bool polyPlaneCommand(Invocation& inv) {
-    static const FlagTable flags = {
-        {"w", "width", "d"}, {"h", "height", "d"}, {"sx", "subdivisionsX", "i"}, {"sy", "subdivisionsY", "i"}};
+    static const FlagTable flags = {{"w", "width", "d"},
+                                    {"h", "height", "d"},
+                                    {"sx", "subdivisionsX", "i"},
+                                    {"sy", "subdivisionsY", "i"}};
     return makePrimitive(inv, "polyPlane", "pPlane", flags, [](const ArgReader& args, core::PolyMesh& mesh) {
         core::PolyPlaneOptions o;
         if (args.has("width")) o.width = args.number("width");
@@ -90,14 +100,16 @@ bool polyPlaneCommand(Invocation& inv) {
 }
 
 bool polySphereCommand(Invocation& inv) {
-    static const FlagTable flags = {{"r", "radius", "d"}, {"sx", "subdivisionsX", "i"}, {"sy", "subdivisionsY", "i"}};
-    return makePrimitive(inv, "polySphere", "pSphere", flags, [](const ArgReader& args, core::PolyMesh& mesh) {
-        core::PolySphereOptions o;
-        if (args.has("radius")) o.radius = args.number("radius");
-        if (args.has("subdivisionsX")) o.subdivisionsX = args.integer("subdivisionsX");
-        if (args.has("subdivisionsY")) o.subdivisionsY = args.integer("subdivisionsY");
-        return core::makePolySphere(o, mesh);
-    });
+    static const FlagTable flags = {
+        {"r", "radius", "d"}, {"sx", "subdivisionsX", "i"}, {"sy", "subdivisionsY", "i"}};
+    return makePrimitive(inv, "polySphere", "pSphere", flags,
+                         [](const ArgReader& args, core::PolyMesh& mesh) {
+                             core::PolySphereOptions o;
+                             if (args.has("radius")) o.radius = args.number("radius");
+                             if (args.has("subdivisionsX")) o.subdivisionsX = args.integer("subdivisionsX");
+                             if (args.has("subdivisionsY")) o.subdivisionsY = args.integer("subdivisionsY");
+                             return core::makePolySphere(o, mesh);
+                         });
 }
 
 } // namespace

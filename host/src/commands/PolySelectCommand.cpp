@@ -18,7 +18,7 @@ bool polySelectCommand(Invocation& inv) {
     if (args.positional().size() != 1) return args.fail("give one mesh.");
     if (!args.has("extendToShell")) return args.fail("give a face with -extendToShell.");
     std::string error;
-    NodePtr node = lookupNode(args.positional()[0]->text, &error);
+    NodePtr node = scene().findNode(args.positional()[0]->text, &error);
     NodePtr shape = node ? shapeOf(scene(), node) : nullptr;
     if (!shape || !shape->type().isA("mesh") || !shape->mesh()) {
         messageLog().error(node ? args.positional()[0]->text + " is not a mesh." : error);
@@ -64,6 +64,8 @@ bool polySelectCommand(Invocation& inv) {
 
 } // namespace
 
-void registerPolySelectCommand(CommandTable& table) { table.add("polySelect", polySelectCommand); }
+void registerPolySelectCommand(CommandTable& table) {
+    table.add("polySelect", polySelectCommand);
+}
 
 } // namespace host

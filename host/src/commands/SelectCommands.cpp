@@ -24,8 +24,8 @@ bool resolveAll(const ArgReader& args, SelectionList& items) {
 }
 
 bool selectCommand(Invocation& inv) {
-    static const FlagTable flags = {{"r", "replace", ""},  {"add", "add", ""},        {"af", "addFirst", ""},
-                                    {"d", "deselect", ""}, {"tgl", "toggle", ""},     {"cl", "clear", ""},
+    static const FlagTable flags = {{"r", "replace", ""},   {"add", "add", ""},    {"af", "addFirst", ""},
+                                    {"d", "deselect", ""},  {"tgl", "toggle", ""}, {"cl", "clear", ""},
                                     {"ne", "noExpand", ""}, {"all", "all", ""}};
     ArgReader args("select", inv.statement.args);
     if (!args.parse(flags)) return false;
@@ -41,7 +41,8 @@ bool selectCommand(Invocation& inv) {
         return false;
     }
     if (args.has("all"))
-        for (Node* node : scene().topLevelDagNodes()) items.push_back(SelectionItem{scene().sharedNode(node), nullptr, Plug()});
+        for (Node* node : scene().topLevelDagNodes())
+            items.push_back(SelectionItem{scene().sharedNode(node), nullptr, Plug()});
     if (args.has("deselect")) {
         for (const SelectionItem& item : items) removeFromSelection(selection, item);
     } else if (args.has("toggle")) {
@@ -71,9 +72,9 @@ bool isIntermediate(const NodePtr& node) {
 
 bool lsCommand(Invocation& inv) {
     static const FlagTable flags = {
-        {"sl", "selection", ""},   {"typ", "type", "s"},      {"l", "long", ""},
-        {"fl", "flatten", ""},     {"dag", "dag", ""},         {"tr", "transforms", ""}, {"s", "shapes", ""},
-        {"o", "objectsOnly", ""},  {"sn", "shortNames", ""},   {"ni", "noIntermediate", ""}};
+        {"sl", "selection", ""},  {"typ", "type", "s"},        {"l", "long", ""},   {"fl", "flatten", ""},
+        {"dag", "dag", ""},       {"tr", "transforms", ""},    {"s", "shapes", ""}, {"o", "objectsOnly", ""},
+        {"sn", "shortNames", ""}, {"ni", "noIntermediate", ""}};
     ArgReader args("ls", inv.statement.args);
     if (!args.parse(flags)) return false;
     SelectionList items;
@@ -99,7 +100,8 @@ bool lsCommand(Invocation& inv) {
     for (int i = 0; i < args.uses("type"); ++i) types.push_back(args.text("type", 0, i));
     auto keep = [&](const SelectionItem& item) {
         const NodeType& type = item.node->type();
-        if (!types.empty() && std::none_of(types.begin(), types.end(), [&](const std::string& t) { return type.isA(t); }))
+        if (!types.empty() &&
+            std::none_of(types.begin(), types.end(), [&](const std::string& t) { return type.isA(t); }))
             return false;
         if (args.has("dag") && !item.node->isDag()) return false;
         if (args.has("transforms") && !type.transform) return false;

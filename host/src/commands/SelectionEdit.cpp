@@ -22,7 +22,8 @@ std::vector<int> sortedElements(const ComponentData& c) {
 }
 
 void edit(SelectionList& list, const SelectionItem& item, Edit how) {
-    auto found = std::find_if(list.begin(), list.end(), [&](const SelectionItem& e) { return sameTarget(e, item); });
+    auto found =
+        std::find_if(list.begin(), list.end(), [&](const SelectionItem& e) { return sameTarget(e, item); });
     if (found == list.end()) {
         if (how == Edit::Remove) return;
         SelectionItem added = item;
@@ -44,7 +45,8 @@ void edit(SelectionList& list, const SelectionItem& item, Edit how) {
     result.reserve(current.size() + given.size());
     auto out = std::back_inserter(result);
     if (how == Edit::Add) std::set_union(current.begin(), current.end(), given.begin(), given.end(), out);
-    if (how == Edit::Remove) std::set_difference(current.begin(), current.end(), given.begin(), given.end(), out);
+    if (how == Edit::Remove)
+        std::set_difference(current.begin(), current.end(), given.begin(), given.end(), out);
     if (how == Edit::Toggle)
         std::set_symmetric_difference(current.begin(), current.end(), given.begin(), given.end(), out);
     if (result.empty()) {
@@ -59,8 +61,14 @@ void edit(SelectionList& list, const SelectionItem& item, Edit how) {
 
 } // namespace
 
-void addToSelection(SelectionList& list, const SelectionItem& item) { edit(list, item, Edit::Add); }
-void removeFromSelection(SelectionList& list, const SelectionItem& item) { edit(list, item, Edit::Remove); }
-void toggleInSelection(SelectionList& list, const SelectionItem& item) { edit(list, item, Edit::Toggle); }
+void addToSelection(SelectionList& list, const SelectionItem& item) {
+    edit(list, item, Edit::Add);
+}
+void removeFromSelection(SelectionList& list, const SelectionItem& item) {
+    edit(list, item, Edit::Remove);
+}
+void toggleInSelection(SelectionList& list, const SelectionItem& item) {
+    edit(list, item, Edit::Toggle);
+}
 
 } // namespace host

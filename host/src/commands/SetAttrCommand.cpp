@@ -2,21 +2,13 @@
 #include "commands/ArgReader.h"
 #include "commands/AttrWrite.h"
 #include "commands/CommandGroups.h"
+#include "commands/Names.h"
 #include "commands/TypedValues.h"
 #include "engine/Scene.h"
-
-#include <cctype>
 
 namespace host {
 
 namespace {
-
-bool validAliasName(const std::string& name) {
-    if (name.empty() || !std::isalpha(static_cast<unsigned char>(name[0]))) return false;
-    for (char c : name)
-        if (!std::isalnum(static_cast<unsigned char>(c)) && c != '_') return false;
-    return true;
-}
 
 // The node's aliases become the given (alias, attribute) pairs; each attribute must exist and no
 // alias may hide a real attribute name.
@@ -33,7 +25,7 @@ bool writeAliases(const Plug& plug, TokenCursor& in, std::string& error) {
     for (std::size_t i = 0; i + 1 < list.size(); i += 2) {
         const std::string& alias = list[i];
         Plug target = resolveAttrPath(node, list[i + 1], &error);
-        if (!validAliasName(alias) || node->findAttr(alias)) {
+        if (!validAttrName(alias) || node->findAttr(alias)) {
             error = "'" + alias + "' cannot be an alias on " + node->name() + ".";
             return false;
         }
@@ -65,23 +57,26 @@ bool writeValues(const PlugRange& range, std::string typeName, TokenCursor& in, 
         return false;
     }
     if (attr.type == AttrType::Generic) {
-        return typeName.empty() ? writeGenericValues(range, in, error) : writePayloads(range, typeName, in, error);
+        return typeName.empty() ? writeGenericValues(range, in, error)
+                                : writePayloads(range, typeName, in, error);
     }
     if (typeName.empty() || payload.kind == PayloadKind::Numbers) {
         if (attr.isNumeric() && typeName.empty()) return writeNumbers(range, 1, in, error);
         if (numericCompound(attr) && (typeName.empty() || payload.arity == children))
             return writeNumbers(range, children, in, error);
         error = typeName.empty() ? scene().plugName(plug) + " needs a -type flag for its data."
-                                 : "the attribute " + scene().plugName(plug) + " does not take -type " + typeName + " data.";
+                                 : "the attribute " + scene().plugName(plug) + " does not take -type " +
+                                       typeName + " data.";
         return false;
     }
     return writePayloads(range, typeName, in, error);
 }
 
 bool setAttrCommand(Invocation& inv) {
-    static const FlagTable flags = {{"typ", "type", "s"},      {"s", "size", "i"},         {"l", "lock", "b"},
-                                    {"k", "keyable", "b"},     {"cb", "channelBox", "b"},  {"ca", "caching", "b"},
-                                    {"c", "clamp", ""},        {"av", "alteredValue", ""}, {"ch", "capacityHint", "i"}};
+    static const FlagTable flags = {
+        {"typ", "type", "s"},  {"s", "size", "i"},         {"l", "lock", "b"},
+        {"k", "keyable", "b"}, {"cb", "channelBox", "b"},  {"ca", "caching", "b"},
+        {"c", "clamp", ""},    {"av", "alteredValue", ""}, {"ch", "capacityHint", "i"}};
     ArgReader args("setAttr", inv.statement.args);
     if (!args.parse(flags)) return false;
     const auto& positional = args.positional();
@@ -107,6 +102,8 @@ bool setAttrCommand(Invocation& inv) {
 
 } // namespace
 
-void registerSetAttrCommand(CommandTable& table) { table.add("setAttr", setAttrCommand); }
+void registerSetAttrCommand(CommandTable& table) {
+    table.add("setAttr", setAttrCommand);
+}
 
 } // namespace host

@@ -18,11 +18,17 @@ namespace host {
 
 namespace {
 
-Plug plugAt(const NodePtr& node, const std::string& path) { return resolveAttrPath(node, path, nullptr); }
+Plug plugAt(const NodePtr& node, const std::string& path) {
+    return resolveAttrPath(node, path, nullptr);
+}
 
-Plug wholePlug(const NodePtr& node) { return plugAt(node, "iog[0]"); }
+Plug wholePlug(const NodePtr& node) {
+    return plugAt(node, "iog[0]");
+}
 
-bool isGroupPlug(const Plug& plug) { return plug.attr()->longName == "objectGroups"; }
+bool isGroupPlug(const Plug& plug) {
+    return plug.attr()->longName == "objectGroups";
+}
 
 std::vector<Connection> memberConnections(const NodePtr& set) {
     std::vector<Connection> found;
@@ -43,7 +49,9 @@ Plug nextMemberSlot(const NodePtr& set, const char* attr) {
     return plugAt(set, std::string(attr) + "[" + std::to_string(index) + "]");
 }
 
-Plug componentsPlug(const Plug& group) { return group.child(group.attr()->childNamed("objectGrpCompList")); }
+Plug componentsPlug(const Plug& group) {
+    return group.child(group.attr()->childNamed("objectGrpCompList"));
+}
 
 std::shared_ptr<const ComponentListData> groupComponents(const Plug& group) {
     const Value value = componentsPlug(group).value();
@@ -72,8 +80,10 @@ void editGroup(const Plug& group, const ComponentData& change, bool add) {
             auto edited = std::make_shared<ComponentData>(*c);
             edited->elements.clear();
             auto out = std::back_inserter(edited->elements);
-            if (add) std::set_union(a.begin(), a.end(), b.begin(), b.end(), out);
-            else std::set_difference(a.begin(), a.end(), b.begin(), b.end(), out);
+            if (add)
+                std::set_union(a.begin(), a.end(), b.begin(), b.end(), out);
+            else
+                std::set_difference(a.begin(), a.end(), b.begin(), b.end(), out);
             merged = true;
             if (!edited->elements.empty()) list->components.push_back(std::move(edited));
         }
@@ -103,7 +113,8 @@ void addMember(const NodePtr& set, const SelectionItem& item) {
     if (!node->isDag()) {
         const Plug message = plugAt(node, "message");
         const auto members = memberConnections(set);
-        if (std::none_of(members.begin(), members.end(), [&](const Connection& c) { return c.source == message; }))
+        if (std::none_of(members.begin(), members.end(),
+                         [&](const Connection& c) { return c.source == message; }))
             scene().connect(message, nextMemberSlot(set, "dnSetMembers"), false, nullptr);
         return;
     }
@@ -133,8 +144,10 @@ void removeMember(const NodePtr& set, const SelectionItem& item) {
     for (const Connection& c : memberConnections(set)) {
         if (c.source.node() != node) continue;
         if (!item.component) {
-            if (isGroupPlug(c.source)) removeGroup(c);
-            else scene().disconnect(c.source, c.destination, nullptr);
+            if (isGroupPlug(c.source))
+                removeGroup(c);
+            else
+                scene().disconnect(c.source, c.destination, nullptr);
             continue;
         }
         if (isGroupPlug(c.source)) {
@@ -173,7 +186,7 @@ std::vector<std::string> memberNames(const NodePtr& set) {
 
 NodePtr findSet(const ArgReader& args, const std::string& name) {
     std::string error;
-    NodePtr set = lookupNode(name, &error);
+    NodePtr set = scene().findNode(name, &error);
     if (!set) {
         messageLog().error(error);
         return nullptr;
@@ -186,9 +199,9 @@ NodePtr findSet(const ArgReader& args, const std::string& name) {
 }
 
 bool setsCommand(Invocation& inv) {
-    static const FlagTable flags = {{"e", "edit", ""},       {"q", "query", ""},     {"fe", "forceElement", "s"},
-                                    {"add", "addElement", "s"}, {"rm", "remove", "s"}, {"n", "name", "s"},
-                                    {"em", "empty", ""},      {"nw", "noWarnings", ""}};
+    static const FlagTable flags = {
+        {"e", "edit", ""},     {"q", "query", ""}, {"fe", "forceElement", "s"}, {"add", "addElement", "s"},
+        {"rm", "remove", "s"}, {"n", "name", "s"}, {"em", "empty", ""},         {"nw", "noWarnings", ""}};
     ArgReader args("sets", inv.statement.args);
     if (!args.parse(flags)) return false;
     const auto& names = args.positional();
@@ -207,7 +220,8 @@ bool setsCommand(Invocation& inv) {
             return false;
         }
     if (names.empty() && !args.has("empty")) items = scene().activeSelection();
-    const char* editFlag = args.has("forceElement") ? "forceElement" : args.has("addElement") ? "addElement"
+    const char* editFlag = args.has("forceElement") ? "forceElement"
+                           : args.has("addElement") ? "addElement"
                            : args.has("remove")     ? "remove"
                                                     : nullptr;
     NodePtr set;
@@ -237,6 +251,8 @@ bool setsCommand(Invocation& inv) {
 
 } // namespace
 
-void registerSetsCommand(CommandTable& table) { table.add("sets", setsCommand); }
+void registerSetsCommand(CommandTable& table) {
+    table.add("sets", setsCommand);
+}
 
 } // namespace host

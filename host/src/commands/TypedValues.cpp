@@ -121,7 +121,8 @@ bool readIntArray(const std::string& typeName, TokenCursor& in, Value& out, std:
     return true;
 }
 
-bool readDoubles(const std::string& typeName, TokenCursor& in, std::size_t count, Value& out, std::string& error) {
+bool readDoubles(const std::string& typeName, TokenCursor& in, std::size_t count, Value& out,
+                 std::string& error) {
     auto data = std::make_shared<DoubleArrayData>();
     data->values.resize(count);
     for (double& v : data->values)
@@ -181,13 +182,15 @@ bool readXform(const std::string& typeName, TokenCursor& in, MatrixData& out, st
     shear.matrix[2][0] = v[11];
     shear.matrix[2][1] = v[12];
     MMatrix inverseScale;
-    for (int i = 0; i < 3; ++i) inverseScale.matrix[i][i] = compensate && v[33 + i] != 0.0 ? 1.0 / v[33 + i] : 1.0;
-    const MMatrix m = translation(-v[13], -v[14], -v[15]) * scaling(v[0], v[1], v[2]) * shear *
-                      translation(v[13], v[14], v[15]) * translation(v[16], v[17], v[18]) *
-                      translation(-v[19], -v[20], -v[21]) * MQuaternion(v[25], v[26], v[27], v[28]).asMatrix() *
-                      MEulerRotation(v[3], v[4], v[5], static_cast<MEulerRotation::RotationOrder>(order)).asMatrix() *
-                      MQuaternion(v[29], v[30], v[31], v[32]).asMatrix() * translation(v[19], v[20], v[21]) *
-                      translation(v[22], v[23], v[24]) * inverseScale * translation(v[7], v[8], v[9]);
+    for (int i = 0; i < 3; ++i)
+        inverseScale.matrix[i][i] = compensate && v[33 + i] != 0.0 ? 1.0 / v[33 + i] : 1.0;
+    const MMatrix m =
+        translation(-v[13], -v[14], -v[15]) * scaling(v[0], v[1], v[2]) * shear *
+        translation(v[13], v[14], v[15]) * translation(v[16], v[17], v[18]) *
+        translation(-v[19], -v[20], -v[21]) * MQuaternion(v[25], v[26], v[27], v[28]).asMatrix() *
+        MEulerRotation(v[3], v[4], v[5], static_cast<MEulerRotation::RotationOrder>(order)).asMatrix() *
+        MQuaternion(v[29], v[30], v[31], v[32]).asMatrix() * translation(v[19], v[20], v[21]) *
+        translation(v[22], v[23], v[24]) * inverseScale * translation(v[7], v[8], v[9]);
     for (int r = 0; r < 4; ++r)
         for (int c = 0; c < 4; ++c) out.m[static_cast<std::size_t>(r * 4 + c)] = m.matrix[r][c];
     return true;
@@ -225,8 +228,9 @@ bool readIntList(const std::string& typeName, TokenCursor& in, std::vector<int>*
 // One face: "f N e…", then the records that belong to it up to the next "f".
 bool readPolyFace(const std::string& typeName, TokenCursor& in, Value& out, std::string& error) {
     if (in.atEnd() || in.peek().text != "f") {
-        error = in.atEnd() ? notEnough(typeName, 1, 0)
-                           : "expected 'f' in the -type " + typeName + " data, found '" + in.peek().text + "'.";
+        error = in.atEnd()
+                    ? notEnough(typeName, 1, 0)
+                    : "expected 'f' in the -type " + typeName + " data, found '" + in.peek().text + "'.";
         return false;
     }
     in.next();
@@ -257,7 +261,8 @@ bool readPolyFace(const std::string& typeName, TokenCursor& in, Value& out, std:
 }
 
 bool readAliases(const std::string& typeName, TokenCursor& in, Value& out, std::string& error) {
-    const std::string malformed = "the -type " + typeName + " data must be a list {\"alias\",\"attribute\",...}.";
+    const std::string malformed =
+        "the -type " + typeName + " data must be a list {\"alias\",\"attribute\",...}.";
     if (in.atEnd() || in.peek().quoted || in.next().text != "{") {
         error = malformed;
         return false;
@@ -313,11 +318,16 @@ bool readPayload(const std::string& typeName, TokenCursor& in, Value& out, std::
     switch (type.kind) {
     case PayloadKind::Data:
         switch (type.dataKind) {
-        case DataKind::ComponentList: return readComponentList(typeName, in, out, error);
-        case DataKind::PointArray: return readPointArray(typeName, in, out, error);
-        case DataKind::IntArray: return readIntArray(typeName, in, out, error);
-        case DataKind::StringArray: return readStringArray(typeName, in, out, error);
-        case DataKind::PolyFaces: return readPolyFace(typeName, in, out, error);
+        case DataKind::ComponentList:
+            return readComponentList(typeName, in, out, error);
+        case DataKind::PointArray:
+            return readPointArray(typeName, in, out, error);
+        case DataKind::IntArray:
+            return readIntArray(typeName, in, out, error);
+        case DataKind::StringArray:
+            return readStringArray(typeName, in, out, error);
+        case DataKind::PolyFaces:
+            return readPolyFace(typeName, in, out, error);
         default: {
             std::size_t count = 0;
             return readCount(typeName, in, 1, count, error) && readDoubles(typeName, in, count, out, error);
@@ -330,16 +340,21 @@ bool readPayload(const std::string& typeName, TokenCursor& in, Value& out, std::
         }
         out = in.next().text;
         return true;
-    case PayloadKind::Matrix: return readMatrix(typeName, in, out, error);
+    case PayloadKind::Matrix:
+        return readMatrix(typeName, in, out, error);
     case PayloadKind::Numbers:
         if (in.remaining() < static_cast<std::size_t>(type.arity)) {
             error = notEnough(typeName, static_cast<std::size_t>(type.arity), in.remaining());
             return false;
         }
         return readDoubles(typeName, in, static_cast<std::size_t>(type.arity), out, error);
-    case PayloadKind::Alias: return readAliases(typeName, in, out, error);
-    case PayloadKind::EmptyMesh: out = std::monostate{}; return true;
-    case PayloadKind::Unknown: break;
+    case PayloadKind::Alias:
+        return readAliases(typeName, in, out, error);
+    case PayloadKind::EmptyMesh:
+        out = std::monostate{};
+        return true;
+    case PayloadKind::Unknown:
+        break;
     }
     error = "unknown data type '" + typeName + "'.";
     return false;
@@ -357,12 +372,21 @@ Value rawPayload(TokenCursor& in) {
         std::string quoted = "\"";
         for (char c : token.text) {
             switch (c) {
-            case '\n': quoted += "\\n"; break;
-            case '\t': quoted += "\\t"; break;
-            case '\r': quoted += "\\r"; break;
+            case '\n':
+                quoted += "\\n";
+                break;
+            case '\t':
+                quoted += "\\t";
+                break;
+            case '\r':
+                quoted += "\\r";
+                break;
             case '"':
-            case '\\': quoted += '\\'; [[fallthrough]];
-            default: quoted += c;
+            case '\\':
+                quoted += '\\';
+                [[fallthrough]];
+            default:
+                quoted += c;
             }
         }
         data->values.push_back(quoted + '"');

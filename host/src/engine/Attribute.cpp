@@ -4,6 +4,18 @@
 
 namespace host {
 
+namespace {
+constexpr double kDegreesPerRadian = 57.29577951308232;
+}
+
+double toUiUnits(const AttrSpec& attr, double stored) {
+    return attr.typeName == "doubleAngle" ? stored * kDegreesPerRadian : stored;
+}
+
+double fromUiUnits(const AttrSpec& attr, double shown) {
+    return attr.typeName == "doubleAngle" ? shown / kDegreesPerRadian : shown;
+}
+
 int AttrSpec::multiDepth() const {
     int depth = 0;
     for (const AttrSpec* a = this; a; a = a->parent) depth += a->multi ? 1 : 0;

@@ -42,6 +42,11 @@ struct AttrSpec {
 
 using AttrPtr = std::unique_ptr<AttrSpec>;
 
+// Angles are stored in radians and read and written by commands and files in degrees, as Maya
+// does with its default angular unit; other values pass unchanged.
+double toUiUnits(const AttrSpec& attr, double stored);
+double fromUiUnits(const AttrSpec& attr, double shown);
+
 // Builders for attribute tables.
 AttrPtr numericAttr(const std::string& longName, const std::string& shortName, AttrType type,
                     const std::string& typeName, Value defaultValue);

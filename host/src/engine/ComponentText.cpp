@@ -71,7 +71,7 @@ std::vector<std::string> componentItems(const ComponentData& component) {
     const auto& e = component.elements;
     for (std::size_t i = 0; i < e.size();) {
         std::size_t j = i;
-        while (j + 1 < e.size() && e[j + 1] == e[j] + 1) ++j;
+        while (j + 1 < e.size() && static_cast<long long>(e[j + 1]) == static_cast<long long>(e[j]) + 1) ++j;
         if (j == i)
             items.push_back(name + "[" + std::to_string(e[i]) + "]");
         else
@@ -119,7 +119,8 @@ bool resolveSelectionString(const Scene& scene, const std::string& text, Selecti
         component->typeName = typeName;
         component->complete = all;
         if (!all) {
-            if (static_cast<long long>(last) - first > 100000000) {
+            // The same cap as component lists in setAttr: a typing slip must not allocate gigabytes.
+            if (static_cast<long long>(last) - first >= (1LL << 26)) {
                 if (error) *error = "Component range too large: " + text;
                 return false;
             }

@@ -4,15 +4,41 @@
 
 namespace host {
 
+namespace {
+
+// The plug feeding `plug`: its own incoming connection, or the matching child of the plug feeding
+// its parent compound (a connected `scale` feeds `inverseScale.inverseScaleX`).
+Plug upstreamOf(const Plug& plug) {
+    Plug source = scene().sourceOf(plug);
+    if (!source.isNull()) return source;
+    const AttrSpec* attr = plug.attr();
+    if (!attr || !attr->parent || attr->multi) return Plug();
+    Plug parent = plug.parent();
+    if (parent.isNull()) return Plug();
+    Plug parentSource = upstreamOf(parent);
+    if (parentSource.isNull() || parentSource.isArray()) return Plug();
+    return parentSource.child(static_cast<std::size_t>(attr->index));
+}
+
+} // namespace
+
 Value evaluatedValue(const Plug& plug) {
+    // Follow connections upstream and take the value stored furthest up. Nodes the host does not
+    // compute (animation curves, unknown types) hold no value on their outputs: then the value
+    // stored downstream of them, as the file saved it, stands.
+    auto stored = [](const Plug& p) {
+        const Slot* slot = p.slot();
+        return slot && slot->value.index() != 0;
+    };
     Plug current = plug;
-    // Follow connections upstream; a cycle or a very long chain stops at the stored value.
-    for (int hops = 0; hops < 256; ++hops) {
-        Plug source = scene().sourceOf(current);
-        if (source.isNull()) break;
+    Plug best = stored(plug) ? plug : Plug();
+    for (int hops = 0; hops < 256; ++hops) { // a cycle or a very long chain stops here
+        Plug source = upstreamOf(current);
+        if (source.isNull() || source.attr()->madeUp) break;
         current = source;
+        if (stored(current)) best = current;
     }
-    return current.value();
+    return (best.isNull() ? current : best).value();
 }
 
 } // namespace host

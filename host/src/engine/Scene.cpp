@@ -81,6 +81,10 @@ NodePtr Scene::createNode(const std::string& typeName, const std::string& name, 
         if (error) *error = "Parent is not a DAG node: " + parent->name();
         return nullptr;
     }
+    if (parent && parent->type().shape) {
+        if (error) *error = "A shape cannot be a parent: " + parent->name();
+        return nullptr;
+    }
     if (parent && !type->dag && !type->generic) {
         if (error) *error = "A " + typeName + " node cannot be parented.";
         return nullptr;
@@ -278,13 +282,21 @@ std::string Scene::plugName(const Plug& plug, bool longNames) const {
     return partialPath(*plug.node()) + "." + plug.attrPath(longNames);
 }
 
+static bool isBelow(const Plug& plug, const Plug& top) {
+    if (plug.node() != top.node()) return false;
+    for (Plug p = plug; !p.isNull(); p = p.isElement() ? p.array() : p.parent()) {
+        if (p == top) return true;
+    }
+    return false;
+}
+
 bool Scene::connect(const Plug& source, const Plug& destination, bool force, std::string* error) {
     if (source.isNull() || destination.isNull() || !source.isComplete() || !destination.isComplete()) {
         if (error) *error = "Cannot connect incomplete plugs.";
         return false;
     }
-    if (source == destination) {
-        if (error) *error = "Cannot connect a plug to itself: " + plugName(source);
+    if (source == destination || isBelow(source, destination) || isBelow(destination, source)) {
+        if (error) *error = "Cannot connect a plug to itself or to a plug within it: " + plugName(source);
         return false;
     }
     for (auto it = connections_.begin(); it != connections_.end(); ++it) {
@@ -340,14 +352,6 @@ std::vector<Connection> Scene::connectionsOf(const Node& node) const {
     for (const Connection& c : connections_)
         if (c.source.node().get() == &node || c.destination.node().get() == &node) result.push_back(c);
     return result;
-}
-
-static bool isBelow(const Plug& plug, const Plug& top) {
-    if (plug.node() != top.node()) return false;
-    for (Plug p = plug; !p.isNull(); p = p.isElement() ? p.array() : p.parent()) {
-        if (p == top) return true;
-    }
-    return false;
 }
 
 void Scene::disconnectBelow(const Plug& plug) {

@@ -2,6 +2,8 @@
 
 #include "api/command/PluginRegistry.h"
 #include "api/command/SessionCommands.h"
+#include "deform/DeformerCommands.h"
+#include "deform/SkinCommands.h"
 #include "engine/Scene.h"
 #include "files/FileCommand.h"
 #include "lang/Interpreter.h"
@@ -23,6 +25,8 @@ bool startSession(CommandTable& table, MessageLog& log) {
     if (!table.find("pluginInfo")) {
         registerBuiltinCommands(table);
         registerFileCommands(table);
+        registerDeformerCommands(table);
+        registerSkinCommands(table);
         registerUndoCommands(table);
         registerPluginCommands(table);
     }

@@ -1,6 +1,7 @@
 #include "eval/Evaluator.h"
 
 #include "engine/Scene.h"
+#include "eval/Deformers.h"
 
 #include <unordered_map>
 #include <unordered_set>
@@ -9,8 +10,15 @@ namespace host {
 
 namespace {
 
+// The built-in types are added on first use; registering from inside that call finds the table
+// already made and the flag already set.
 std::unordered_map<std::string, DeformFunction>& deformers() {
     static std::unordered_map<std::string, DeformFunction> table;
+    static bool builtinsAdded = false;
+    if (!builtinsAdded) {
+        builtinsAdded = true;
+        registerBuiltinDeformers();
+    }
     return table;
 }
 
@@ -81,13 +89,7 @@ MeshPtr computeAt(const Plug& plug) {
     if (attr == "outputGeometry") {
         // A deformer's output: its input geometry of the same index, deformed.
         const unsigned index = plug.isElement() ? plug.logicalIndex() : 0;
-        MeshPtr input;
-        Plug inputs = resolveAttrPath(node, "input", nullptr);
-        if (!inputs.isNull() && inputs.isArray()) {
-            input = geometryInto(resolveAttrPath(node, "input[" + std::to_string(index) + "].inputGeometry", nullptr));
-        } else {
-            input = geometryInto(resolveAttrPath(node, "inputGeometry", nullptr)); // groupParts and similar
-        }
+        MeshPtr input = geometryInto(deformerInputFor(plug));
         if (!input) return nullptr;
         auto found = deformers().find(node->type().name);
         if (found == deformers().end()) return input;
@@ -101,6 +103,17 @@ MeshPtr computeAt(const Plug& plug) {
 }
 
 } // namespace
+
+Plug deformerInputFor(const Plug& output) {
+    if (output.isNull() || output.attr()->longName != "outputGeometry") return Plug();
+    const NodePtr& node = output.node();
+    Plug inputs = resolveAttrPath(node, "input", nullptr);
+    if (!inputs.isNull() && inputs.isArray()) {
+        const uint32_t index = output.isElement() ? output.logicalIndex() : 0;
+        return resolveAttrPath(node, "input[" + std::to_string(index) + "].inputGeometry", nullptr);
+    }
+    return resolveAttrPath(node, "inputGeometry", nullptr); // groupParts and similar
+}
 
 MeshPtr geometryInto(const Plug& destination) {
     if (destination.isNull()) return nullptr;

@@ -24,6 +24,10 @@ MeshPtr geometryAt(const Plug& plug);
 // The geometry arriving at an input plug (follows its incoming connection). Null when unconnected.
 MeshPtr geometryInto(const Plug& destination);
 
+// The plug a deformer-like node computes an output from: input[i].inputGeometry for a
+// deformer's outputGeometry[i], inputGeometry for a groupParts' outputGeometry. Null otherwise.
+Plug deformerInputFor(const Plug& output);
+
 // How a deformer type computes output `index` from its input geometry. Types without one pass
 // their input through unchanged.
 using DeformFunction = std::function<MeshPtr(const NodePtr& deformer, unsigned index, const MeshPtr& input)>;

@@ -3,7 +3,8 @@
 
 namespace host {
 
-// `file -new`, `file -o <scene.ma>`.
+// `file` (-new, -open, -save, -rename, -import and -exportSelected/-exportAll of OBJ, -query
+// -sceneName), and the scene editing commands that come with it: duplicate and polyColorSet.
 void registerFileCommands(CommandTable& table);
 
 } // namespace host

@@ -1,19 +1,27 @@
 #pragma once
-// Reads a Maya ASCII scene into the current scene. Only scene-building statements run (createNode,
-// setAttr, connectAttr, …); anything else a file holds is skipped, so opening a scene never runs
-// a script or a plug-in command.
+// Reads a Maya ASCII scene into the current scene. Statements that build the scene (createNode,
+// setAttr, addAttr, connectAttr, parent, rename, select, aliasAttr) run through the command table
+// in file reading mode; everything else is kept as written, in its place, for saving: requires,
+// fileInfo, currentUnit, relationship, lockNode, the blocks of default nodes the host does not have
+// (`select -ne :time1;` and what follows it), script and expression nodes, and statements the
+// host does not know. Opening a scene never runs a script or a plug-in command.
 #include <string>
+#include <string_view>
 
 namespace host {
 
 struct SceneReadReport {
-    int statements = 0;
-    int skipped = 0; // statements the engine does not model
-    int errors = 0;
+    int errors = 0; // statements that failed
 };
 
-// False when the file cannot be read at all (`error` says why). Errors in single statements are
-// reported with file and line and the reading goes on, as Maya does.
-bool readSceneFile(const std::string& path, SceneReadReport& report, std::string& error);
+// Reads a scene file's text; false (with the reason) when it cannot be read or holds binary data.
+bool loadSceneText(const std::string& path, std::string& text, std::string& error);
+
+// Runs the text of scene file `path` into the current scene. False when it is not a scene file or
+// is cut short (`error` says why; what was read before stays in the scene). Errors in single
+// statements are reported as "<file> line N: …"; the statement is kept as written and reading goes
+// on, as Maya does.
+bool readSceneText(const std::string& path, std::string_view text, SceneReadReport& report,
+                   std::string& error);
 
 } // namespace host

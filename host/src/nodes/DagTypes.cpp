@@ -2,6 +2,17 @@
 
 namespace host {
 
+namespace {
+
+// Rotations are stored in radians and shown in degrees, like Maya's doubleAngle attributes.
+AttrPtr angleTriple(const std::string& longName, const std::string& shortName) {
+    auto attr = triple(longName, shortName, AttrType::Double);
+    for (auto& child : attr->children) child->typeName = "doubleAngle";
+    return attr;
+}
+
+} // namespace
+
 void addDagTypes(std::vector<NodeTypeDef>& out) {
     auto objectGroups = multi(compoundAttr(
         "objectGroups", "og",
@@ -24,9 +35,9 @@ void addDagTypes(std::vector<NodeTypeDef>& out) {
                               "double3");
     NodeTypeDef transform = typeDef(
         "transform", "dagNode", MFn::kTransform,
-        attrs(triple("translate", "t", AttrType::Double), triple("rotate", "r", AttrType::Double),
+        attrs(triple("translate", "t", AttrType::Double), angleTriple("rotate", "r"),
               triple("scale", "s", AttrType::Double, 1.0), std::move(shear), enumAttr("rotateOrder", "ro", 0),
-              triple("rotateAxis", "ra", AttrType::Double), triple("rotatePivot", "rp", AttrType::Double),
+              angleTriple("rotateAxis", "ra"), triple("rotatePivot", "rp", AttrType::Double),
               triple("scalePivot", "sp", AttrType::Double),
               triple("rotatePivotTranslate", "rpt", AttrType::Double),
               triple("scalePivotTranslate", "spt", AttrType::Double), boolAttr("inheritsTransform", "it", true),
@@ -35,12 +46,12 @@ void addDagTypes(std::vector<NodeTypeDef>& out) {
     out.push_back(std::move(transform));
 
     out.push_back(typeDef("joint", "transform", MFn::kJoint,
-                          attrs(triple("jointOrient", "jo", AttrType::Double),
+                          attrs(angleTriple("jointOrient", "jo"),
                                 boolAttr("segmentScaleCompensate", "ssc", true),
                                 triple("inverseScale", "is", AttrType::Double, 1.0),
-                                triple("preferredAngle", "pa", AttrType::Double),
+                                angleTriple("preferredAngle", "pa"),
                                 doubleAttr("radius", "radi", 1.0), enumAttr("drawStyle", "ds", 0),
-                                multi(messageAttr("bindPose", "bps")))));
+                                matrixAttr("bindPose", "bps"))));
 
     NodeTypeDef shape = typeDef("shape", "dagNode", MFn::kShape, {});
     shape.shape = true;

@@ -42,10 +42,8 @@ void addDeformerTypes(std::vector<NodeTypeDef>& out) {
               dataAttr("paintTargetWeights", "pwt", DataKind::DoubleArray, "doubleArray"),
               intAttr("paintTargetIndex", "pti", -1))));
     auto inbetweenInfo = multi(compoundAttr(
-        "inbetweenInfoGroup", "iig",
-        attrs(multi(compoundAttr("inbetweenInfo", "ibi",
-                                 attrs(intAttr("inbetweenTargetName", "ibtn", 0), stringAttr("inbetweenTargetNameStr", "ibts"),
-                                       boolAttr("inbetweenVisibility", "ibvs", true)))))));
+        "inbetweenInfoGroup", "ibig",
+        attrs(multi(compoundAttr("inbetweenInfo", "ibi", attrs(stringAttr("inbetweenTargetName", "ibtn")))))));
     auto baseOrigin = triple("baseOrigin", "bo", AttrType::Double);
     out.push_back(typeDef("blendShape", "geometryFilter", MFn::kBlendShape,
                           attrs(multi(floatAttr("weight", "w", 0.0)), std::move(inputTarget), std::move(inbetweenInfo),

@@ -1,0 +1,124 @@
+// duplicate: copies of nodes with their attribute values and no connections. A DAG node is copied
+// with the hierarchy below it (intermediate shapes left out); a shape stands for its transform. A
+// mesh copy holds the geometry the original shows, deformers and tweaks applied.
+#include "commands/ArgReader.h"
+#include "commands/ObjectItems.h"
+#include "engine/Scene.h"
+#include "eval/Evaluator.h"
+#include "files/SceneCommands.h"
+
+#include <cctype>
+
+namespace host {
+
+namespace {
+
+// "pCube1" -> "pCube2" (or the next number no node uses), "box" -> "box1".
+std::string nextFreeName(const std::string& name) {
+    std::size_t end = name.size();
+    while (end > 0 && std::isdigit(static_cast<unsigned char>(name[end - 1]))) --end;
+    const std::string stem = name.substr(0, end);
+    long long n = end < name.size() && name.size() - end < 15 ? std::stoll(name.substr(end)) + 1 : 1;
+    for (;; ++n) {
+        const std::string candidate = stem + std::to_string(n);
+        bool used = false;
+        for (const NodePtr& node : scene().nodes()) used = used || node->name() == candidate;
+        if (!used) return candidate;
+    }
+}
+
+AttrPtr cloneSpec(const AttrSpec& spec) {
+    auto copy = std::make_unique<AttrSpec>();
+    copy->longName = spec.longName;
+    copy->shortName = spec.shortName;
+    copy->type = spec.type;
+    copy->dataKind = spec.dataKind;
+    copy->typeName = spec.typeName;
+    copy->multi = spec.multi;
+    copy->hidden = spec.hidden;
+    copy->dynamic = spec.dynamic;
+    copy->madeUp = spec.madeUp;
+    copy->defaultValue = spec.defaultValue;
+    for (const auto& child : spec.children) copy->children.push_back(cloneSpec(*child));
+    return copy;
+}
+
+bool isIntermediate(const NodePtr& node) {
+    const Plug io = resolveAttrPath(node, "intermediateObject", nullptr);
+    return !io.isNull() && valueAsDouble(io.value()) != 0.0;
+}
+
+// Dynamic attributes, values and aliases; a mesh takes the geometry the original shows, so its tweaks
+// are already in it.
+void copyContents(const NodePtr& from, const NodePtr& to) {
+    for (const AttrPtr& attr : from->dynamicAttrs()) {
+        AttrPtr copy = cloneSpec(*attr);
+        AttrSpec* added = copy.get();
+        if (!to->addDynamicAttr(std::move(copy))) continue;
+        added->dynamic = attr->dynamic;
+        added->madeUp = attr->madeUp;
+    }
+    const bool mesh = from->type().isA("mesh");
+    for (std::size_t i = 0; i < from->attrCount() && i < to->attrCount(); ++i) {
+        const AttrSpec* attr = from->attrAt(i);
+        const Slot* slot = from->topSlotIfAny(attr);
+        if (!slot || (mesh && attr->longName == "pnts")) continue;
+        to->topSlot(to->attrAt(i)) = slot->clone();
+    }
+    to->aliases() = from->aliases();
+    if (mesh)
+        if (MeshPtr shown = evaluatedMesh(from)) to->mesh() = std::make_shared<MeshData>(*shown);
+    to->touch();
+}
+
+NodePtr copyTree(const NodePtr& from, Node* parent, const std::string& name, std::string& error) {
+    NodePtr copy = scene().createNode(from->type().name, name.empty() ? nextFreeName(from->name()) : name,
+                                      parent, &error);
+    if (!copy) return nullptr;
+    copyContents(from, copy);
+    const std::vector<Node*> children = from->children();
+    for (Node* child : children) {
+        const NodePtr node = scene().sharedNode(child);
+        if (!isIntermediate(node) && !copyTree(node, copy.get(), std::string(), error)) return nullptr;
+    }
+    return copy;
+}
+
+} // namespace
+
+bool duplicateCommand(Invocation& inv) {
+    static const FlagTable flags = {{"n", "name", "s"}, {"rr", "returnRootsOnly", ""}};
+    ArgReader args("duplicate", inv.statement.args);
+    if (!args.parse(flags)) return false;
+    SelectionList items;
+    std::string error;
+    for (const Token* token : args.positional())
+        if (!resolveObjectArg(token->text, items, &error)) {
+            messageLog().error(error);
+            return false;
+        }
+    if (args.positional().empty()) items = scene().activeSelection();
+    if (items.empty()) return args.fail("give or select the objects to duplicate.");
+    std::vector<NodePtr> originals;
+    for (const SelectionItem& item : items) {
+        if (item.component || !item.plug.isNull()) return args.fail("only whole objects can be duplicated.");
+        NodePtr node = item.node;
+        if (node->type().shape && node->parent()) node = scene().sharedNode(node->parent());
+        originals.push_back(node);
+    }
+    std::vector<std::string> names;
+    SelectionList copies;
+    for (std::size_t i = 0; i < originals.size(); ++i) {
+        const NodePtr& original = originals[i];
+        NodePtr copy =
+            copyTree(original, original->parent(), i == 0 ? args.text("name") : std::string(), error);
+        if (!copy) return args.fail(error);
+        names.push_back(scene().partialPath(*copy));
+        copies.push_back(SelectionItem{copy, nullptr, Plug()});
+    }
+    scene().activeSelection() = std::move(copies);
+    inv.result = std::move(names);
+    return true;
+}
+
+} // namespace host

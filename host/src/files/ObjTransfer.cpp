@@ -1,0 +1,106 @@
+#include "files/ObjTransfer.h"
+
+#include "engine/ComponentText.h"
+#include "engine/Scene.h"
+#include "eval/Evaluator.h"
+#include "files/AtomicFile.h"
+#include "files/ObjFile.h"
+
+#include <cctype>
+#include <fstream>
+#include <sstream>
+#include <unordered_set>
+
+namespace host {
+
+namespace {
+
+// "generic_neutral_mesh.obj" -> "generic_neutral_mesh"; characters a node name cannot hold become '_'.
+std::string nodeNameFor(const std::string& path) {
+    std::string stem = path.substr(path.rfind('/') == std::string::npos ? 0 : path.rfind('/') + 1);
+    const std::size_t dot = stem.rfind('.');
+    if (dot != std::string::npos && dot > 0) stem.erase(dot);
+    for (char& c : stem)
+        if (!std::isalnum(static_cast<unsigned char>(c)) && c != '_') c = '_';
+    if (stem.empty() || std::isdigit(static_cast<unsigned char>(stem[0]))) stem = "obj_" + stem;
+    return stem;
+}
+
+// "head" -> "headShape", "head1" -> "headShape1", as Maya names shapes.
+std::string shapeNameFor(const std::string& transform) {
+    std::size_t end = transform.size();
+    while (end > 0 && std::isdigit(static_cast<unsigned char>(transform[end - 1]))) --end;
+    return transform.substr(0, end) + "Shape" + transform.substr(end);
+}
+
+bool isIntermediate(const NodePtr& node) {
+    const Plug io = resolveAttrPath(node, "intermediateObject", nullptr);
+    return !io.isNull() && valueAsDouble(io.value()) != 0.0;
+}
+
+} // namespace
+
+bool importObjFile(const std::string& path, std::string& transformName, std::string& error) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in) {
+        error = "File not found: " + path;
+        return false;
+    }
+    std::ostringstream buffer;
+    buffer << in.rdbuf();
+    auto mesh = std::make_shared<MeshData>();
+    std::vector<std::string> warnings;
+    if (!parseObj(buffer.str(), *mesh, error, warnings)) {
+        error = path + " " + error;
+        return false;
+    }
+    for (const std::string& warning : warnings) messageLog().warning(path + " " + warning);
+    if (!mesh->topologyError().empty()) {
+        error = path + ": " + mesh->topologyError() + ".";
+        return false;
+    }
+    Scene& s = scene();
+    const std::string name = nodeNameFor(path);
+    NodePtr transform = s.createNode("transform", name, nullptr, &error);
+    NodePtr shape =
+        transform ? s.createNode("mesh", shapeNameFor(transform->name()), transform.get(), &error) : nullptr;
+    if (!shape) {
+        if (transform) s.deleteNode(transform, nullptr);
+        return false;
+    }
+    shape->mesh() = std::move(mesh);
+    shape->touch();
+    transformName = transform->name();
+    return true;
+}
+
+std::vector<NodePtr> meshesToExport(const std::vector<NodePtr>& nodes, bool all) {
+    std::vector<NodePtr> shapes;
+    std::unordered_set<const Node*> seen;
+    auto add = [&](const NodePtr& node) {
+        NodePtr shape = shapeOf(scene(), node);
+        if (shape && shape->type().isA("mesh") && seen.insert(shape.get()).second) shapes.push_back(shape);
+    };
+    if (!all) {
+        for (const NodePtr& node : nodes) add(node);
+        return shapes;
+    }
+    for (const NodePtr& node : scene().nodes())
+        if (node->type().isA("mesh") && !isIntermediate(node)) add(node);
+    return shapes;
+}
+
+bool exportObjFile(const std::string& path, const std::vector<NodePtr>& shapes, std::string& error) {
+    std::string text = "# Written by talven\n";
+    std::size_t offset = 0;
+    for (const NodePtr& shape : shapes) {
+        const MeshPtr mesh = evaluatedMesh(shape);
+        if (!mesh) continue;
+        const Node* named = shape->parent() ? shape->parent() : shape.get();
+        appendObjMesh(named->name(), *mesh, offset, text);
+        offset += mesh->points.size();
+    }
+    return writeFileAtomically(path, text, error);
+}
+
+} // namespace host
