@@ -43,7 +43,13 @@ void addDeformerTypes(std::vector<NodeTypeDef>& out) {
               intAttr("paintTargetIndex", "pti", -1))));
     auto inbetweenInfo = multi(compoundAttr(
         "inbetweenInfoGroup", "ibig",
-        attrs(multi(compoundAttr("inbetweenInfo", "ibi", attrs(stringAttr("inbetweenTargetName", "ibtn")))))));
+        attrs(multi(compoundAttr(
+            "inbetweenInfo", "ibi",
+            attrs(stringAttr("inbetweenTargetName", "ibtn"),
+                  multi(compoundAttr("interpolationCurve", "itc",
+                                     attrs(floatAttr("interpolationCurvePosition", "itcp"),
+                                           floatAttr("interpolationCurveValue", "itcv")),
+                                     "float2"))))))));
     auto baseOrigin = triple("baseOrigin", "bo", AttrType::Double);
     out.push_back(typeDef("blendShape", "geometryFilter", MFn::kBlendShape,
                           attrs(multi(floatAttr("weight", "w", 0.0)), std::move(inputTarget), std::move(inbetweenInfo),
