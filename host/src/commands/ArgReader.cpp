@@ -40,8 +40,8 @@ bool argFits(char kind, const Token& token) {
 }
 
 const FlagSpec* findFlag(const FlagTable& flags, const std::string& word) {
-    for (const FlagSpec& spec : flags)
-        if (word == spec.shortName || word == spec.longName) return &spec;
+    for (const FlagSpec& flagDef : flags)
+        if (word == flagDef.shortName || word == flagDef.longName) return &flagDef;
     return nullptr;
 }
 
@@ -62,14 +62,14 @@ bool ArgReader::parse(const FlagTable& flags) {
             positional_.push_back(&token);
             continue;
         }
-        const FlagSpec* spec = findFlag(flags, token.text.substr(1));
-        if (!spec) {
+        const FlagSpec* flagDef = findFlag(flags, token.text.substr(1));
+        if (!flagDef) {
             messageLog().error("Invalid flag: " + token.text);
             return false;
         }
-        const std::size_t argCount = std::strlen(spec->args);
+        const std::size_t argCount = std::strlen(flagDef->args);
         for (std::size_t k = 0; k < argCount; ++k) {
-            const char kind = spec->args[k];
+            const char kind = flagDef->args[k];
             if (i + 1 + k >= tokens_.size() || !argFits(kind, tokens_[i + 1 + k])) {
                 std::string got =
                     i + 1 + k < tokens_.size() ? ", got \"" + tokens_[i + 1 + k].text + "\"" : "";
@@ -78,7 +78,7 @@ bool ArgReader::parse(const FlagTable& flags) {
                 return false;
             }
         }
-        uses_.push_back({spec, i + 1});
+        uses_.push_back({flagDef, i + 1});
         i += argCount;
     }
     return true;

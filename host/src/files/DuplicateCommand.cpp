@@ -27,19 +27,19 @@ std::string nextFreeName(const std::string& name) {
     }
 }
 
-AttrPtr cloneSpec(const AttrSpec& spec) {
+AttrPtr cloneSpec(const AttrSpec& source) {
     auto copy = std::make_unique<AttrSpec>();
-    copy->longName = spec.longName;
-    copy->shortName = spec.shortName;
-    copy->type = spec.type;
-    copy->dataKind = spec.dataKind;
-    copy->typeName = spec.typeName;
-    copy->multi = spec.multi;
-    copy->hidden = spec.hidden;
-    copy->dynamic = spec.dynamic;
-    copy->madeUp = spec.madeUp;
-    copy->defaultValue = spec.defaultValue;
-    for (const auto& child : spec.children) copy->children.push_back(cloneSpec(*child));
+    copy->longName = source.longName;
+    copy->shortName = source.shortName;
+    copy->type = source.type;
+    copy->dataKind = source.dataKind;
+    copy->typeName = source.typeName;
+    copy->multi = source.multi;
+    copy->hidden = source.hidden;
+    copy->dynamic = source.dynamic;
+    copy->madeUp = source.madeUp;
+    copy->defaultValue = source.defaultValue;
+    for (const auto& child : source.children) copy->children.push_back(cloneSpec(*child));
     return copy;
 }
 

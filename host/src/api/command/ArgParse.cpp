@@ -72,10 +72,10 @@ private:
         const std::string typed = word(i++);
         const int index = syntax().findFlag(typed);
         if (index < 0) return fail("Invalid flag: " + typed);
-        const SyntaxFlag& spec = syntax().flags[static_cast<std::size_t>(index)];
+        const SyntaxFlag& flag = syntax().flags[static_cast<std::size_t>(index)];
         FlagUse use{static_cast<std::size_t>(index), {}};
-        for (std::size_t k = 0; k < spec.argTypes.size() && !queryMode_; ++k, ++i) {
-            const MSyntax::MArgType type = spec.argTypes[k];
+        for (std::size_t k = 0; k < flag.argTypes.size() && !queryMode_; ++k, ++i) {
+            const MSyntax::MArgType type = flag.argTypes[k];
             if (i >= count_ || isFlag(i)) {
                 return fail("Flag '" + typed + "' must be passed " + typeDescription(type) + " argument.");
             }
@@ -88,7 +88,7 @@ private:
             }
             use.words.push_back(value);
         }
-        record(std::move(use), spec.multiUse);
+        record(std::move(use), flag.multiUse);
         return true;
     }
 
