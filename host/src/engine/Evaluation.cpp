@@ -30,6 +30,8 @@ Value evaluatedValue(const Plug& plug) {
         const Slot* slot = p.slot();
         return slot && slot->value.index() != 0;
     };
+    Plug first = upstreamOf(plug);
+    if (first.isNull()) return plug.value(); // the common case: nothing feeds it
     Plug current = plug;
     Plug best = stored(plug) ? plug : Plug();
     for (int hops = 0; hops < 256; ++hops) { // a cycle or a very long chain stops here

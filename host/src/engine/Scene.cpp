@@ -132,6 +132,7 @@ bool Scene::deleteNode(const NodePtr& node, std::string* error) {
                                           return c.source.node() == node || c.destination.node() == node;
                                       }),
                        connections_.end());
+    ++connectionsGeneration_;
     selection_.erase(std::remove_if(selection_.begin(), selection_.end(),
                                     [&](const SelectionItem& item) {
                                         return item.node == node || item.plug.node() == node;
@@ -313,9 +314,11 @@ bool Scene::connect(const Plug& source, const Plug& destination, bool force, std
             return false;
         }
         connections_.erase(it);
+        ++connectionsGeneration_;
         break;
     }
     connections_.push_back({source, destination});
+    ++connectionsGeneration_;
     source.node()->touch();
     destination.node()->touch();
     touch();
@@ -326,6 +329,7 @@ bool Scene::disconnect(const Plug& source, const Plug& destination, std::string*
     for (auto it = connections_.begin(); it != connections_.end(); ++it)
         if (it->source == source && it->destination == destination) {
             connections_.erase(it);
+            ++connectionsGeneration_;
             destination.node()->touch();
             touch();
             return true;
@@ -335,9 +339,15 @@ bool Scene::disconnect(const Plug& source, const Plug& destination, std::string*
 }
 
 Plug Scene::sourceOf(const Plug& destination) const {
-    for (const Connection& c : connections_)
-        if (c.destination == destination) return c.source;
-    return Plug();
+    if (connections_.empty()) return Plug();
+    if (sourcesGeneration_ != connectionsGeneration_ || sourcesBuiltFor_ != connections_.size()) {
+        sources_.clear();
+        for (const Connection& c : connections_) sources_.emplace(c.destination, c.source);
+        sourcesGeneration_ = connectionsGeneration_;
+        sourcesBuiltFor_ = connections_.size();
+    }
+    auto it = sources_.find(destination);
+    return it == sources_.end() ? Plug() : it->second;
 }
 
 std::vector<Plug> Scene::destinationsOf(const Plug& source) const {
@@ -360,6 +370,7 @@ void Scene::disconnectBelow(const Plug& plug) {
                                           return isBelow(c.source, plug) || isBelow(c.destination, plug);
                                       }),
                        connections_.end());
+    ++connectionsGeneration_;
 }
 
 namespace {

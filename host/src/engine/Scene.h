@@ -78,6 +78,12 @@ private:
     std::vector<NodePtr> nodes_;
     std::unordered_multimap<std::string, Node*> byName_;
     std::vector<Connection> connections_;
+    // Destination -> source, rebuilt after connections change: reading a value checks its
+    // incoming connection, and that must not cost a scan per read.
+    mutable std::unordered_map<Plug, Plug, PlugHash> sources_;
+    mutable std::size_t sourcesBuiltFor_ = ~std::size_t{0};
+    mutable uint64_t sourcesGeneration_ = 0;
+    uint64_t connectionsGeneration_ = 0;
     SelectionList selection_;
     std::map<std::string, OptionValue> optionVars_;
     double currentTime_ = 1.0;
