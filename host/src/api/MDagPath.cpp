@@ -9,24 +9,14 @@
 
 using host::setStatus;
 
-namespace {
-
-
-host::NodePtr dagNode(const MObject& object) {
-    host::NodePtr node = host::nodeOf(object);
-    return node && node->isDag() ? node : nullptr;
-}
-
-} // namespace
-
 MStatus MDagPath::getAPathTo(const MObject& node, MDagPath& path) {
-    if (!dagNode(node)) return MS::kFailure;
+    if (!host::dagNodeOf(node)) return MS::kFailure;
     path = MDagPath(node);
     return MS::kSuccess;
 }
 
 bool MDagPath::hasFn(MFn::Type type, MStatus* ReturnStatus) const {
-    host::NodePtr node = dagNode(node_);
+    host::NodePtr node = host::dagNodeOf(node_);
     setStatus(ReturnStatus, node != nullptr);
     if (!node) return false;
     if (node->type().hasFn(type)) return true;
@@ -39,24 +29,24 @@ bool MDagPath::hasFn(MFn::Type type, MStatus* ReturnStatus) const {
 }
 
 MFn::Type MDagPath::apiType(MStatus* ReturnStatus) const {
-    host::NodePtr node = dagNode(node_);
+    host::NodePtr node = host::dagNodeOf(node_);
     setStatus(ReturnStatus, node != nullptr);
     return node ? node->type().apiType : MFn::kInvalid;
 }
 
 bool MDagPath::isValid(MStatus* ReturnStatus) const {
     setStatus(ReturnStatus, true);
-    return dagNode(node_) != nullptr;
+    return host::dagNodeOf(node_) != nullptr;
 }
 
 MObject MDagPath::node(MStatus* ReturnStatus) const {
-    host::NodePtr node = dagNode(node_);
+    host::NodePtr node = host::dagNodeOf(node_);
     setStatus(ReturnStatus, node != nullptr);
     return node ? node_ : MObject();
 }
 
 MObject MDagPath::transform(MStatus* ReturnStatus) const {
-    host::NodePtr node = dagNode(node_);
+    host::NodePtr node = host::dagNodeOf(node_);
     setStatus(ReturnStatus, node != nullptr);
     if (!node) return MObject();
     if (node->type().transform || !node->parent()) return node_;
@@ -64,7 +54,7 @@ MObject MDagPath::transform(MStatus* ReturnStatus) const {
 }
 
 unsigned int MDagPath::length(MStatus* ReturnStatus) const {
-    host::NodePtr node = dagNode(node_);
+    host::NodePtr node = host::dagNodeOf(node_);
     setStatus(ReturnStatus, node != nullptr);
     unsigned int count = 0;
     for (const host::Node* n = node.get(); n; n = n->parent()) ++count;
@@ -72,28 +62,28 @@ unsigned int MDagPath::length(MStatus* ReturnStatus) const {
 }
 
 unsigned int MDagPath::childCount(MStatus* ReturnStatus) const {
-    host::NodePtr node = dagNode(node_);
+    host::NodePtr node = host::dagNodeOf(node_);
     setStatus(ReturnStatus, node != nullptr);
     return node ? static_cast<unsigned int>(node->children().size()) : 0u;
 }
 
 MObject MDagPath::child(unsigned int i, MStatus* ReturnStatus) const {
-    host::NodePtr node = dagNode(node_);
+    host::NodePtr node = host::dagNodeOf(node_);
     const bool ok = node && i < node->children().size();
     setStatus(ReturnStatus, ok);
     return ok ? host::ObjectRef::ofNode(host::scene().sharedNode(node->children()[i])) : MObject();
 }
 
 MStatus MDagPath::push(const MObject& child) {
-    host::NodePtr node = dagNode(node_);
-    host::NodePtr c = dagNode(child);
+    host::NodePtr node = host::dagNodeOf(node_);
+    host::NodePtr c = host::dagNodeOf(child);
     if (!node || !c || c->parent() != node.get()) return MS::kInvalidParameter;
     node_ = child;
     return MS::kSuccess;
 }
 
 MStatus MDagPath::pop(unsigned int num) {
-    host::NodePtr node = dagNode(node_);
+    host::NodePtr node = host::dagNodeOf(node_);
     if (!node) return MS::kFailure;
     host::Node* n = node.get();
     for (unsigned int i = 0; i < num; ++i) {
@@ -105,7 +95,7 @@ MStatus MDagPath::pop(unsigned int num) {
 }
 
 MStatus MDagPath::extendToShape() {
-    host::NodePtr node = dagNode(node_);
+    host::NodePtr node = host::dagNodeOf(node_);
     if (!node) return MS::kFailure;
     if (node->type().shape) return MS::kSuccess;
     unsigned int shapes = 0;
@@ -118,7 +108,7 @@ MStatus MDagPath::extendToShape() {
 }
 
 MStatus MDagPath::extendToShapeDirectlyBelow(unsigned int num) {
-    host::NodePtr node = dagNode(node_);
+    host::NodePtr node = host::dagNodeOf(node_);
     if (!node) return MS::kFailure;
     unsigned int k = 0;
     for (host::Node* child : node->children()) {
@@ -133,7 +123,7 @@ MStatus MDagPath::extendToShapeDirectlyBelow(unsigned int num) {
 
 MStatus MDagPath::numberOfShapesDirectlyBelow(unsigned int& num) const {
     num = 0;
-    host::NodePtr node = dagNode(node_);
+    host::NodePtr node = host::dagNodeOf(node_);
     if (!node) return MS::kFailure;
     // Intermediate objects do not count, as in Maya.
     for (host::Node* child : node->children()) {
@@ -145,25 +135,25 @@ MStatus MDagPath::numberOfShapesDirectlyBelow(unsigned int& num) const {
 }
 
 MString MDagPath::fullPathName(MStatus* ReturnStatus) const {
-    host::NodePtr node = dagNode(node_);
+    host::NodePtr node = host::dagNodeOf(node_);
     setStatus(ReturnStatus, node != nullptr);
     return node ? MString(host::scene().fullPath(*node)) : MString();
 }
 
 MString MDagPath::partialPathName(MStatus* ReturnStatus) const {
-    host::NodePtr node = dagNode(node_);
+    host::NodePtr node = host::dagNodeOf(node_);
     setStatus(ReturnStatus, node != nullptr);
     return node ? MString(host::scene().partialPath(*node)) : MString();
 }
 
 MMatrix MDagPath::inclusiveMatrix(MStatus* ReturnStatus) const {
-    host::NodePtr node = dagNode(node_);
+    host::NodePtr node = host::dagNodeOf(node_);
     setStatus(ReturnStatus, node != nullptr);
     return node ? host::worldMatrix(*node) : MMatrix();
 }
 
 MMatrix MDagPath::exclusiveMatrix(MStatus* ReturnStatus) const {
-    host::NodePtr node = dagNode(node_);
+    host::NodePtr node = host::dagNodeOf(node_);
     setStatus(ReturnStatus, node != nullptr);
     return node && node->parent() ? host::worldMatrix(*node->parent()) : MMatrix();
 }

@@ -9,22 +9,11 @@
 
 using host::setStatus;
 
-namespace {
-
-
-host::NodePtr dagNode(const MObject& object) {
-    host::NodePtr node = host::nodeOf(object);
-    return node && node->isDag() ? node : nullptr;
-}
-
-
-} // namespace
-
 MFnDagNode::MFnDagNode(MObject& object, MStatus* ret) { host::initFunctionSet(*this, object, ret); }
 MFnDagNode::MFnDagNode(const MObject& object, MStatus* ret) { host::initFunctionSet(*this, object, ret); }
 MFnDagNode::MFnDagNode(const MDagPath& object, MStatus* ret) { host::initFunctionSet(*this, object.node(), ret); }
 
-bool MFnDagNode::accepts(const MObject& object) const { return dagNode(object) != nullptr; }
+bool MFnDagNode::accepts(const MObject& object) const { return host::dagNodeOf(object) != nullptr; }
 
 MObject MFnDagNode::create(const MString& type, MObject parent, MStatus* ReturnStatus) {
     return create(type, MString(), parent, ReturnStatus);
@@ -32,7 +21,7 @@ MObject MFnDagNode::create(const MString& type, MObject parent, MStatus* ReturnS
 
 MObject MFnDagNode::create(const MString& type, const MString& name, MObject parent, MStatus* ReturnStatus) {
     host::Scene& scene = host::scene();
-    host::NodePtr parentNode = dagNode(parent);
+    host::NodePtr parentNode = host::dagNodeOf(parent);
     if (!parent.isNull() && !parentNode) {
         setStatus(ReturnStatus, false);
         return MObject();
@@ -55,56 +44,56 @@ MObject MFnDagNode::create(const MString& type, const MString& name, MObject par
 }
 
 unsigned int MFnDagNode::parentCount(MStatus* ReturnStatus) const {
-    host::NodePtr node = dagNode(object_);
+    host::NodePtr node = host::dagNodeOf(object_);
     setStatus(ReturnStatus, node != nullptr);
     return node && node->parent() ? 1u : 0u;
 }
 
 MObject MFnDagNode::parent(unsigned int i, MStatus* ReturnStatus) const {
-    host::NodePtr node = dagNode(object_);
+    host::NodePtr node = host::dagNodeOf(object_);
     const bool ok = node && i == 0 && node->parent();
     setStatus(ReturnStatus, ok);
     return ok ? host::ObjectRef::ofNode(host::scene().sharedNode(node->parent())) : MObject();
 }
 
 MStatus MFnDagNode::addChild(MObject& child, unsigned int, bool) {
-    host::NodePtr node = dagNode(object_);
-    host::NodePtr c = dagNode(child);
+    host::NodePtr node = host::dagNodeOf(object_);
+    host::NodePtr c = host::dagNodeOf(child);
     if (!node || !c) return MS::kInvalidParameter;
     std::string error;
     return host::scene().reparent(c, node.get(), &error) ? MS::kSuccess : MS::kFailure;
 }
 
 MStatus MFnDagNode::removeChild(MObject& child) {
-    host::NodePtr node = dagNode(object_);
-    host::NodePtr c = dagNode(child);
+    host::NodePtr node = host::dagNodeOf(object_);
+    host::NodePtr c = host::dagNodeOf(child);
     if (!node || !c || c->parent() != node.get()) return MS::kInvalidParameter;
     std::string error;
     return host::scene().reparent(c, nullptr, &error) ? MS::kSuccess : MS::kFailure;
 }
 
 unsigned int MFnDagNode::childCount(MStatus* ReturnStatus) const {
-    host::NodePtr node = dagNode(object_);
+    host::NodePtr node = host::dagNodeOf(object_);
     setStatus(ReturnStatus, node != nullptr);
     return node ? static_cast<unsigned int>(node->children().size()) : 0u;
 }
 
 MObject MFnDagNode::child(unsigned int i, MStatus* ReturnStatus) const {
-    host::NodePtr node = dagNode(object_);
+    host::NodePtr node = host::dagNodeOf(object_);
     const bool ok = node && i < node->children().size();
     setStatus(ReturnStatus, ok);
     return ok ? host::ObjectRef::ofNode(host::scene().sharedNode(node->children()[i])) : MObject();
 }
 
 bool MFnDagNode::hasChild(MObject& child, MStatus* ReturnStatus) const {
-    host::NodePtr node = dagNode(object_);
-    host::NodePtr c = dagNode(child);
+    host::NodePtr node = host::dagNodeOf(object_);
+    host::NodePtr c = host::dagNodeOf(child);
     setStatus(ReturnStatus, node != nullptr);
     return node && c && c->parent() == node.get();
 }
 
 bool MFnDagNode::isIntermediateObject(MStatus* ReturnStatus) const {
-    host::NodePtr node = dagNode(object_);
+    host::NodePtr node = host::dagNodeOf(object_);
     setStatus(ReturnStatus, node != nullptr);
     if (!node) return false;
     host::Plug io = host::resolveAttrPath(node, "intermediateObject", nullptr);
@@ -112,26 +101,26 @@ bool MFnDagNode::isIntermediateObject(MStatus* ReturnStatus) const {
 }
 
 MStatus MFnDagNode::setIntermediateObject(bool isIntermediate) {
-    host::NodePtr node = dagNode(object_);
+    host::NodePtr node = host::dagNodeOf(object_);
     if (!node) return MS::kFailure;
     host::Plug io = host::resolveAttrPath(node, "intermediateObject", nullptr);
     return !io.isNull() && io.setValue(isIntermediate) ? MS::kSuccess : MS::kFailure;
 }
 
 MString MFnDagNode::fullPathName(MStatus* ReturnStatus) const {
-    host::NodePtr node = dagNode(object_);
+    host::NodePtr node = host::dagNodeOf(object_);
     setStatus(ReturnStatus, node != nullptr);
     return node ? MString(host::scene().fullPath(*node)) : MString();
 }
 
 MString MFnDagNode::partialPathName(MStatus* ReturnStatus) const {
-    host::NodePtr node = dagNode(object_);
+    host::NodePtr node = host::dagNodeOf(object_);
     setStatus(ReturnStatus, node != nullptr);
     return node ? MString(host::scene().partialPath(*node)) : MString();
 }
 
 MStatus MFnDagNode::getPath(MDagPath& path) const {
-    host::NodePtr node = dagNode(object_);
+    host::NodePtr node = host::dagNodeOf(object_);
     if (!node) return MS::kFailure;
     path = MDagPath(object_);
     return MS::kSuccess;
@@ -145,7 +134,7 @@ MDagPath MFnDagNode::dagPath(MStatus* ReturnStatus) const {
 }
 
 MMatrix MFnDagNode::transformationMatrix(MStatus* ReturnStatus) const {
-    host::NodePtr node = dagNode(object_);
+    host::NodePtr node = host::dagNodeOf(object_);
     setStatus(ReturnStatus, node != nullptr);
     return node ? host::localMatrix(*node) : MMatrix();
 }

@@ -30,6 +30,11 @@ NodePtr nodeOf(const MObject& object) {
     return ref && ref->node && ref->node->alive() ? ref->node : nullptr;
 }
 
+NodePtr dagNodeOf(const MObject& object) {
+    NodePtr node = nodeOf(object);
+    return node && node->isDag() ? node : nullptr;
+}
+
 const AttrSpec* attrOf(const MObject& object) {
     const auto& ref = object.ref();
     return ref ? ref->attr : nullptr;

@@ -22,6 +22,8 @@ struct ObjectRef {
 
 // The node behind an MObject, or null (also for deleted nodes).
 NodePtr nodeOf(const MObject& object);
+// The DAG node behind an MObject, or null.
+NodePtr dagNodeOf(const MObject& object);
 const AttrSpec* attrOf(const MObject& object);
 std::shared_ptr<DataObject> dataOf(const MObject& object);
 template <class T> T* dataOf(const MObject& object) {
