@@ -32,9 +32,9 @@ TEST_F(PlugTest, PathsResolveFromEitherName) {
 }
 
 TEST_F(PlugTest, BadPathsAreRefused) {
-    const char* bad[] = {"bs.nothing",        "bs.it[0].itg[x]",        "bs.w[a]",   "bs.w[-1]",
-                         "bs.w[0",            "bs.envelope[3]",       "bs.",       "nope.w[0]",
-                         "bs.it[0]..itg[0]",  "bs.w[99999999999]",    "bs.it[0].", "bs.w[0].x"};
+    const char* bad[] = {"bs.nothing",       "bs.it[0].itg[x]",   "bs.w[a]",   "bs.w[-1]",
+                         "bs.w[0",           "bs.envelope[3]",    "bs.",       "nope.w[0]",
+                         "bs.it[0]..itg[0]", "bs.w[99999999999]", "bs.it[0].", "bs.w[0].x"};
     for (const char* path : bad) {
         error.clear();
         EXPECT_TRUE(host::scene().findPlug(path, &error).isNull()) << path;

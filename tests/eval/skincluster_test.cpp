@@ -279,7 +279,7 @@ TEST_F(SkinClusterTest, BadArgumentsChangeNothing) {
     }
     EXPECT_EQ(allWeights(skin), before);
     EXPECT_FALSE(MGlobal::executeCommand("skinCluster j0 j1"));
-    EXPECT_FALSE(MGlobal::executeCommand("skinCluster other")); // no influence
+    EXPECT_FALSE(MGlobal::executeCommand("skinCluster other"));  // no influence
     EXPECT_FALSE(MGlobal::executeCommand("skinCluster j2 box")); // already bound
 }
 

@@ -118,7 +118,8 @@ TEST_F(HelpText, QueryAndMessageCommandsExactly) {
          "    -h      -help               <n/a>      this message\n"
          "    -at     -attribute          <string>   the component attribute\n"
          "    -sl     -select             <string>   select the components of the given mesh\n"
-         "    -ct     -componentType      <int>      type of component selection (0: vertex, 1: edge, 2: face)\n"
+         "    -ct     -componentType      <int>      type of component selection (0: vertex, 1: edge, 2: "
+         "face)\n"
          "Usage: Execute the command with the following arguments:\n"
          "Execute: kv_getComponentList -at <string>\n"
          "Return Value: <int> array\n"},

@@ -57,17 +57,16 @@ protected:
     std::vector<T> data_;
 };
 
-#define MHOST_ARRAY_CLASS(NAME, T)                                                                 \
-    class NAME : public MHostArray<T> {                                                            \
-    public:                                                                                        \
-        NAME() = default;                                                                          \
-        NAME(const T* src, unsigned int count) : MHostArray<T>(src, count) {}                      \
-        NAME(unsigned int initialSize, const T& initialValue)                                      \
-            : MHostArray<T>(initialSize, initialValue) {}                                          \
-        explicit NAME(unsigned int initialSize) : MHostArray<T>(initialSize) {}                    \
-        explicit NAME(std::vector<T> values) { data_ = std::move(values); }                        \
-        MStatus copy(const NAME& source) {                                                         \
-            data_ = source.data_;                                                                  \
-            return MS::kSuccess;                                                                   \
-        }                                                                                          \
+#define MHOST_ARRAY_CLASS(NAME, T)                                                                           \
+    class NAME : public MHostArray<T> {                                                                      \
+    public:                                                                                                  \
+        NAME() = default;                                                                                    \
+        NAME(const T* src, unsigned int count) : MHostArray<T>(src, count) {}                                \
+        NAME(unsigned int initialSize, const T& initialValue) : MHostArray<T>(initialSize, initialValue) {}  \
+        explicit NAME(unsigned int initialSize) : MHostArray<T>(initialSize) {}                              \
+        explicit NAME(std::vector<T> values) { data_ = std::move(values); }                                  \
+        MStatus copy(const NAME& source) {                                                                   \
+            data_ = source.data_;                                                                            \
+            return MS::kSuccess;                                                                             \
+        }                                                                                                    \
     }

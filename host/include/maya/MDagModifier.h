@@ -7,6 +7,7 @@ public:
     MDagModifier(const MDagModifier& other) = default;
     ~MDagModifier() override = default;
 
-    MObject createNode(const MString& type, const MObject& parent = MObject::kNullObj, MStatus* ReturnStatus = NULL);
+    MObject createNode(const MString& type, const MObject& parent = MObject::kNullObj,
+                       MStatus* ReturnStatus = NULL);
     MStatus reparentNode(const MObject& node, const MObject& newParent = MObject::kNullObj);
 };

@@ -24,8 +24,10 @@ public:
     MStatus getBaseObjects(MObjectArray& objects) const;
     MStatus addTarget(const MObject& baseObject, int weightIndex, const MObject& newTarget, double fullWeight,
                       TargetType targetType = kObject);
-    MStatus addTarget(const MObject& baseObject, int weightIndex, double fullWeight, TargetType targetType = kObject);
-    MStatus removeTarget(const MObject& baseObject, int weightIndex, const MObject& target, double fullWeight);
+    MStatus addTarget(const MObject& baseObject, int weightIndex, double fullWeight,
+                      TargetType targetType = kObject);
+    MStatus removeTarget(const MObject& baseObject, int weightIndex, const MObject& target,
+                         double fullWeight);
     MStatus getTargets(MObject baseObject, int weightIndex, MObjectArray& targetObjects) const;
     unsigned int numWeights(MStatus* ReturnStatus = NULL) const;
     MStatus weightIndexList(MIntArray& indexList) const;

@@ -1,6 +1,6 @@
 #pragma once
-#include <maya/MFnData.h>
 #include <maya/MDoubleArray.h>
+#include <maya/MFnData.h>
 
 class MFnDoubleArrayData : public MFnData {
 public:

@@ -32,13 +32,14 @@ public:
     MObject create(int numVertices, int numPolygons, const MFloatPointArray& vertexArray,
                    const MIntArray& polygonCounts, const MIntArray& polygonConnects,
                    MObject parentOrOwner = MObject::kNullObj, MStatus* ReturnStatus = NULL);
-    MObject create(int numVertices, int numPolygons, const MPointArray& vertexArray, const MIntArray& polygonCounts,
-                   const MIntArray& polygonConnects, MObject parentOrOwner = MObject::kNullObj,
-                   MStatus* ReturnStatus = NULL);
-    MObject create(int numVertices, int numPolygons, const MPointArray& vertexArray, const MIntArray& polygonCounts,
-                   const MIntArray& polygonConnects, bool storeDoubles, MObject parentOrOwner = MObject::kNullObj,
-                   MStatus* ReturnStatus = NULL);
-    MObject copy(const MObject& source, MObject parentOrOwner = MObject::kNullObj, MStatus* ReturnStatus = NULL);
+    MObject create(int numVertices, int numPolygons, const MPointArray& vertexArray,
+                   const MIntArray& polygonCounts, const MIntArray& polygonConnects,
+                   MObject parentOrOwner = MObject::kNullObj, MStatus* ReturnStatus = NULL);
+    MObject create(int numVertices, int numPolygons, const MPointArray& vertexArray,
+                   const MIntArray& polygonCounts, const MIntArray& polygonConnects, bool storeDoubles,
+                   MObject parentOrOwner = MObject::kNullObj, MStatus* ReturnStatus = NULL);
+    MObject copy(const MObject& source, MObject parentOrOwner = MObject::kNullObj,
+                 MStatus* ReturnStatus = NULL);
 
     int numVertices(MStatus* ReturnStatus = NULL) const;
     int numEdges(MStatus* ReturnStatus = NULL) const;
@@ -63,7 +64,8 @@ public:
                                    MIntArray* instances = NULL, MStatus* ReturnStatus = NULL);
     MStatus setCurrentColorSetName(const MString& colorSet, MDGModifier* modifier = NULL,
                                    MIntArray* instances = NULL);
-    MStatus getVertexColors(MColorArray& colors, const MString* colorSet = NULL, const MColor* defaultUnsetColor = NULL);
+    MStatus getVertexColors(MColorArray& colors, const MString* colorSet = NULL,
+                            const MColor* defaultUnsetColor = NULL);
     MStatus setVertexColors(MColorArray& colors, MIntArray& vertexList, MDGModifier* modifier = NULL);
     MStatus setVertexColors(MColorArray& colors, MIntArray& vertexList, MDGModifier* modifier,
                             MColorRepresentation rep);

@@ -19,7 +19,8 @@ class MItMeshEdge {
 public:
     MItMeshEdge(MObject& polyObject, MStatus* ReturnStatus = NULL);
     MItMeshEdge(MObject& polyObject, MObject& component, MStatus* ReturnStatus = NULL);
-    MItMeshEdge(const MDagPath& polyObject, MObject& component = MObject::kNullObj, MStatus* ReturnStatus = NULL);
+    MItMeshEdge(const MDagPath& polyObject, MObject& component = MObject::kNullObj,
+                MStatus* ReturnStatus = NULL);
     ~MItMeshEdge();
 
     bool isDone(MStatus* ReturnStatus = NULL);

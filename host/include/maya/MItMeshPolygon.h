@@ -18,7 +18,8 @@ struct MeshData;
 class MItMeshPolygon {
 public:
     MItMeshPolygon(const MObject& polyObject, MStatus* ReturnStatus = NULL);
-    MItMeshPolygon(const MDagPath& polyObject, MObject& component = MObject::kNullObj, MStatus* ReturnStatus = NULL);
+    MItMeshPolygon(const MDagPath& polyObject, MObject& component = MObject::kNullObj,
+                   MStatus* ReturnStatus = NULL);
     ~MItMeshPolygon();
 
     bool isDone(MStatus* ReturnStatus = NULL);

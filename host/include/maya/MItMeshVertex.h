@@ -18,7 +18,8 @@ struct MeshData;
 class MItMeshVertex {
 public:
     MItMeshVertex(MObject& polyObject, MStatus* ReturnStatus = NULL);
-    MItMeshVertex(const MDagPath& polyObject, MObject& component = MObject::kNullObj, MStatus* ReturnStatus = NULL);
+    MItMeshVertex(const MDagPath& polyObject, MObject& component = MObject::kNullObj,
+                  MStatus* ReturnStatus = NULL);
     ~MItMeshVertex();
 
     bool isDone(MStatus* ReturnStatus = NULL);

@@ -32,7 +32,8 @@ public:
     int triangleIndex() const { return triangleIndex_; }
 
     // Host access, not part of Maya's interface: never used by plugin code.
-    void hostSet(const MFloatPoint& point, const MFloatVector& normal, int face, int triangle, float u, float v) {
+    void hostSet(const MFloatPoint& point, const MFloatVector& normal, int face, int triangle, float u,
+                 float v) {
         point_ = point;
         normal_ = normal;
         faceIndex_ = face;

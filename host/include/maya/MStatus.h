@@ -58,23 +58,23 @@ private:
     MS::StatusCode code_;
 };
 
-#define MCHECKERROR(STAT, MSG)                                                                     \
-    if (MStatus::kSuccess != STAT) {                                                               \
-        STAT.perror(MSG);                                                                          \
-        return STAT;                                                                               \
+#define MCHECKERROR(STAT, MSG)                                                                               \
+    if (MStatus::kSuccess != STAT) {                                                                         \
+        STAT.perror(MSG);                                                                                    \
+        return STAT;                                                                                         \
     }
 
-#define CHECK_MSTATUS_AND_RETURN_IT(_status)                                                       \
-    {                                                                                              \
-        MStatus _maya_status = (_status);                                                          \
-        if (MStatus::kSuccess != _maya_status) {                                                   \
-            _maya_status.pAPIerror(__FILE__, __LINE__);                                            \
-            return _maya_status;                                                                   \
-        }                                                                                          \
+#define CHECK_MSTATUS_AND_RETURN_IT(_status)                                                                 \
+    {                                                                                                        \
+        MStatus _maya_status = (_status);                                                                    \
+        if (MStatus::kSuccess != _maya_status) {                                                             \
+            _maya_status.pAPIerror(__FILE__, __LINE__);                                                      \
+            return _maya_status;                                                                             \
+        }                                                                                                    \
     }
 
-#define CHECK_MSTATUS(_status)                                                                     \
-    {                                                                                              \
-        MStatus _maya_status = (_status);                                                          \
-        if (MStatus::kSuccess != _maya_status) _maya_status.pAPIerror(__FILE__, __LINE__);         \
+#define CHECK_MSTATUS(_status)                                                                               \
+    {                                                                                                        \
+        MStatus _maya_status = (_status);                                                                    \
+        if (MStatus::kSuccess != _maya_status) _maya_status.pAPIerror(__FILE__, __LINE__);                   \
     }

@@ -2,10 +2,10 @@
 #include <maya/MMatrix.h>
 
 #include "api/ObjectRef.h"
+#include "api/StatusOut.h"
 #include "api/Transforms.h"
 #include "engine/ComponentText.h"
 #include "engine/Scene.h"
-#include "api/StatusOut.h"
 
 using host::setStatus;
 
@@ -167,4 +167,6 @@ bool MDagPath::isInstanced(MStatus* ReturnStatus) const {
     return false;
 }
 
-bool MDagPath::operator==(const MDagPath& other) const { return node_ == other.node_; }
+bool MDagPath::operator==(const MDagPath& other) const {
+    return node_ == other.node_;
+}

@@ -10,15 +10,19 @@ using host::setStatus;
 
 namespace {
 
-
-
-MPoint toPoint(const host::Point4& p) { return MPoint(p.x, p.y, p.z, p.w); }
-host::Point4 fromPoint(const MPoint& p) { return {p.x, p.y, p.z, p.w}; }
+MPoint toPoint(const host::Point4& p) {
+    return MPoint(p.x, p.y, p.z, p.w);
+}
+host::Point4 fromPoint(const MPoint& p) {
+    return {p.x, p.y, p.z, p.w};
+}
 
 } // namespace
 
 // Point arrays.
-MFnPointArrayData::MFnPointArrayData(MObject& object, MStatus* ReturnStatus) { host::initFunctionSet(*this, object, ReturnStatus); }
+MFnPointArrayData::MFnPointArrayData(MObject& object, MStatus* ReturnStatus) {
+    host::initFunctionSet(*this, object, ReturnStatus);
+}
 MFnPointArrayData::MFnPointArrayData(const MObject& object, MStatus* ReturnStatus) {
     host::initFunctionSet(*this, object, ReturnStatus);
 }
@@ -51,7 +55,9 @@ MPointArray MFnPointArrayData::array(MStatus* ReturnStatus) {
     setStatus(ReturnStatus, copyTo(out) == MS::kSuccess);
     return out;
 }
-MObject MFnPointArrayData::create(MStatus* ReturnStatus) { return create(MPointArray(), ReturnStatus); }
+MObject MFnPointArrayData::create(MStatus* ReturnStatus) {
+    return create(MPointArray(), ReturnStatus);
+}
 MObject MFnPointArrayData::create(const MPointArray& in, MStatus* ReturnStatus) {
     object_ = host::ObjectRef::ofData(std::make_shared<host::PointArrayData>());
     MStatus s = set(in);
@@ -60,8 +66,12 @@ MObject MFnPointArrayData::create(const MPointArray& in, MStatus* ReturnStatus) 
 }
 
 // Int arrays.
-MFnIntArrayData::MFnIntArrayData(MObject& object, MStatus* ReturnStatus) { host::initFunctionSet(*this, object, ReturnStatus); }
-MFnIntArrayData::MFnIntArrayData(const MObject& object, MStatus* ReturnStatus) { host::initFunctionSet(*this, object, ReturnStatus); }
+MFnIntArrayData::MFnIntArrayData(MObject& object, MStatus* ReturnStatus) {
+    host::initFunctionSet(*this, object, ReturnStatus);
+}
+MFnIntArrayData::MFnIntArrayData(const MObject& object, MStatus* ReturnStatus) {
+    host::initFunctionSet(*this, object, ReturnStatus);
+}
 bool MFnIntArrayData::accepts(const MObject& object) const {
     return host::dataOf<host::IntArrayData>(object) != nullptr;
 }
@@ -87,7 +97,9 @@ MIntArray MFnIntArrayData::array(MStatus* ReturnStatus) {
     setStatus(ReturnStatus, copyTo(out) == MS::kSuccess);
     return out;
 }
-MObject MFnIntArrayData::create(MStatus* ReturnStatus) { return create(MIntArray(), ReturnStatus); }
+MObject MFnIntArrayData::create(MStatus* ReturnStatus) {
+    return create(MIntArray(), ReturnStatus);
+}
 MObject MFnIntArrayData::create(const MIntArray& in, MStatus* ReturnStatus) {
     object_ = host::ObjectRef::ofData(std::make_shared<host::IntArrayData>());
     MStatus s = set(in);
@@ -127,7 +139,9 @@ MDoubleArray MFnDoubleArrayData::array(MStatus* ReturnStatus) {
     setStatus(ReturnStatus, copyTo(out) == MS::kSuccess);
     return out;
 }
-MObject MFnDoubleArrayData::create(MStatus* ReturnStatus) { return create(MDoubleArray(), ReturnStatus); }
+MObject MFnDoubleArrayData::create(MStatus* ReturnStatus) {
+    return create(MDoubleArray(), ReturnStatus);
+}
 MObject MFnDoubleArrayData::create(const MDoubleArray& in, MStatus* ReturnStatus) {
     object_ = host::ObjectRef::ofData(std::make_shared<host::DoubleArrayData>());
     MStatus s = set(in);

@@ -11,22 +11,33 @@ using host::setStatus;
 
 namespace {
 
-
-
 bool componentTypeFor(MFn::Type type, host::ComponentType& out) {
     switch (type) {
-    case MFn::kMeshVertComponent: out = host::ComponentType::Vertex; return true;
-    case MFn::kMeshEdgeComponent: out = host::ComponentType::Edge; return true;
-    case MFn::kMeshPolygonComponent: out = host::ComponentType::Face; return true;
-    case MFn::kMeshVtxFaceComponent: out = host::ComponentType::FaceVertex; return true;
-    default: return false;
+    case MFn::kMeshVertComponent:
+        out = host::ComponentType::Vertex;
+        return true;
+    case MFn::kMeshEdgeComponent:
+        out = host::ComponentType::Edge;
+        return true;
+    case MFn::kMeshPolygonComponent:
+        out = host::ComponentType::Face;
+        return true;
+    case MFn::kMeshVtxFaceComponent:
+        out = host::ComponentType::FaceVertex;
+        return true;
+    default:
+        return false;
     }
 }
 
 } // namespace
 
-MFnComponent::MFnComponent(MObject& object, MStatus* ReturnStatus) { host::initFunctionSet(*this, object, ReturnStatus); }
-MFnComponent::MFnComponent(const MObject& object, MStatus* ReturnStatus) { host::initFunctionSet(*this, object, ReturnStatus); }
+MFnComponent::MFnComponent(MObject& object, MStatus* ReturnStatus) {
+    host::initFunctionSet(*this, object, ReturnStatus);
+}
+MFnComponent::MFnComponent(const MObject& object, MStatus* ReturnStatus) {
+    host::initFunctionSet(*this, object, ReturnStatus);
+}
 
 bool MFnComponent::accepts(const MObject& object) const {
     return host::dataOf<host::ComponentData>(object) != nullptr;

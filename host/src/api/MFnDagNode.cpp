@@ -3,17 +3,25 @@
 #include <maya/MMatrix.h>
 
 #include "api/ObjectRef.h"
+#include "api/StatusOut.h"
 #include "api/Transforms.h"
 #include "engine/Scene.h"
-#include "api/StatusOut.h"
 
 using host::setStatus;
 
-MFnDagNode::MFnDagNode(MObject& object, MStatus* ret) { host::initFunctionSet(*this, object, ret); }
-MFnDagNode::MFnDagNode(const MObject& object, MStatus* ret) { host::initFunctionSet(*this, object, ret); }
-MFnDagNode::MFnDagNode(const MDagPath& object, MStatus* ret) { host::initFunctionSet(*this, object.node(), ret); }
+MFnDagNode::MFnDagNode(MObject& object, MStatus* ret) {
+    host::initFunctionSet(*this, object, ret);
+}
+MFnDagNode::MFnDagNode(const MObject& object, MStatus* ret) {
+    host::initFunctionSet(*this, object, ret);
+}
+MFnDagNode::MFnDagNode(const MDagPath& object, MStatus* ret) {
+    host::initFunctionSet(*this, object.node(), ret);
+}
 
-bool MFnDagNode::accepts(const MObject& object) const { return host::dagNodeOf(object) != nullptr; }
+bool MFnDagNode::accepts(const MObject& object) const {
+    return host::dagNodeOf(object) != nullptr;
+}
 
 MObject MFnDagNode::create(const MString& type, MObject parent, MStatus* ReturnStatus) {
     return create(type, MString(), parent, ReturnStatus);
@@ -139,8 +147,12 @@ MMatrix MFnDagNode::transformationMatrix(MStatus* ReturnStatus) const {
     return node ? host::localMatrix(*node) : MMatrix();
 }
 
-MFnTransform::MFnTransform(MObject& object, MStatus* ReturnStatus) { host::initFunctionSet(*this, object, ReturnStatus); }
-MFnTransform::MFnTransform(const MObject& object, MStatus* ReturnStatus) { host::initFunctionSet(*this, object, ReturnStatus); }
+MFnTransform::MFnTransform(MObject& object, MStatus* ReturnStatus) {
+    host::initFunctionSet(*this, object, ReturnStatus);
+}
+MFnTransform::MFnTransform(const MObject& object, MStatus* ReturnStatus) {
+    host::initFunctionSet(*this, object, ReturnStatus);
+}
 MFnTransform::MFnTransform(const MDagPath& object, MStatus* ReturnStatus) {
     host::initFunctionSet(*this, object.node(), ReturnStatus);
 }

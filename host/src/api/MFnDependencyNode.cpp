@@ -3,11 +3,10 @@
 #include <maya/MStringArray.h>
 
 #include "api/ObjectRef.h"
-#include "engine/Scene.h"
 #include "api/StatusOut.h"
+#include "engine/Scene.h"
 
 using host::setStatus;
-
 
 MFnDependencyNode::MFnDependencyNode(MObject& object, MStatus* ReturnStatus) {
     MStatus s = setObject(object);
@@ -19,7 +18,9 @@ MFnDependencyNode::MFnDependencyNode(const MObject& object, MStatus* ReturnStatu
     if (ReturnStatus) *ReturnStatus = s;
 }
 
-bool MFnDependencyNode::accepts(const MObject& object) const { return host::nodeOf(object) != nullptr; }
+bool MFnDependencyNode::accepts(const MObject& object) const {
+    return host::nodeOf(object) != nullptr;
+}
 
 MObject MFnDependencyNode::create(const MString& type, MStatus* ReturnStatus) {
     return create(type, MString(), ReturnStatus);

@@ -7,15 +7,16 @@
 
 #include "api/MeshAccess.h"
 #include "api/ObjectRef.h"
-#include "engine/Scene.h"
 #include "api/StatusOut.h"
+#include "engine/Scene.h"
 
 using host::setStatus;
 
 namespace {
 
-
-bool isIdentity(const MMatrix& m) { return m == MMatrix::identity; }
+bool isIdentity(const MMatrix& m) {
+    return m == MMatrix::identity;
+}
 
 MPoint transformed(const std::array<float, 3>& p, const MMatrix& m, bool identity) {
     MPoint point(p[0], p[1], p[2]);
@@ -64,7 +65,9 @@ MFnMesh::MFnMesh(const MDagPath& object, MStatus* ReturnStatus) {
     if (ReturnStatus) *ReturnStatus = s;
 }
 
-MStatus MFnMesh::setObject(MObject& object) { return setObject(static_cast<const MObject&>(object)); }
+MStatus MFnMesh::setObject(MObject& object) {
+    return setObject(static_cast<const MObject&>(object));
+}
 
 MStatus MFnMesh::setObject(const MObject& object) {
     // A transform stands for its mesh shape.
@@ -76,13 +79,17 @@ MStatus MFnMesh::setObject(const MObject& object) {
     return MFnBase::setObject(object);
 }
 
-MStatus MFnMesh::setObject(const MDagPath& path) { return setObject(path.node()); }
+MStatus MFnMesh::setObject(const MDagPath& path) {
+    return setObject(path.node());
+}
 
-bool MFnMesh::accepts(const MObject& object) const { return host::readMesh(object) != nullptr; }
+bool MFnMesh::accepts(const MObject& object) const {
+    return host::readMesh(object) != nullptr;
+}
 
 MObject MFnMesh::create(int numVertices, int numPolygons, const MFloatPointArray& vertexArray,
-                        const MIntArray& polygonCounts, const MIntArray& polygonConnects, MObject parentOrOwner,
-                        MStatus* ReturnStatus) {
+                        const MIntArray& polygonCounts, const MIntArray& polygonConnects,
+                        MObject parentOrOwner, MStatus* ReturnStatus) {
     host::MeshData mesh;
     if (!fillMesh(mesh, numVertices, numPolygons, vertexArray, polygonCounts, polygonConnects)) {
         setStatus(ReturnStatus, false);
@@ -109,20 +116,22 @@ MObject MFnMesh::create(int numVertices, int numPolygons, const MFloatPointArray
 }
 
 MObject MFnMesh::create(int numVertices, int numPolygons, const MPointArray& vertexArray,
-                        const MIntArray& polygonCounts, const MIntArray& polygonConnects, MObject parentOrOwner,
-                        MStatus* ReturnStatus) {
+                        const MIntArray& polygonCounts, const MIntArray& polygonConnects,
+                        MObject parentOrOwner, MStatus* ReturnStatus) {
     MFloatPointArray points;
     points.setLength(vertexArray.length());
     for (unsigned i = 0; i < vertexArray.length(); ++i)
         points[i] = MFloatPoint(static_cast<float>(vertexArray[i].x), static_cast<float>(vertexArray[i].y),
                                 static_cast<float>(vertexArray[i].z));
-    return create(numVertices, numPolygons, points, polygonCounts, polygonConnects, parentOrOwner, ReturnStatus);
+    return create(numVertices, numPolygons, points, polygonCounts, polygonConnects, parentOrOwner,
+                  ReturnStatus);
 }
 
 MObject MFnMesh::create(int numVertices, int numPolygons, const MPointArray& vertexArray,
                         const MIntArray& polygonCounts, const MIntArray& polygonConnects, bool,
                         MObject parentOrOwner, MStatus* ReturnStatus) {
-    return create(numVertices, numPolygons, vertexArray, polygonCounts, polygonConnects, parentOrOwner, ReturnStatus);
+    return create(numVertices, numPolygons, vertexArray, polygonCounts, polygonConnects, parentOrOwner,
+                  ReturnStatus);
 }
 
 MObject MFnMesh::copy(const MObject& source, MObject parentOrOwner, MStatus* ReturnStatus) {
@@ -181,7 +190,9 @@ int MFnMesh::polygonVertexCount(int polygonId, MStatus* ReturnStatus) const {
     return ok ? mesh->faceCounts[static_cast<std::size_t>(polygonId)] : 0;
 }
 
-MMatrix MFnMesh::spaceMatrix(MSpace::Space space) const { return host::meshSpaceMatrix(object_, space); }
+MMatrix MFnMesh::spaceMatrix(MSpace::Space space) const {
+    return host::meshSpaceMatrix(object_, space);
+}
 
 MStatus MFnMesh::getPoints(MFloatPointArray& vertexArray, MSpace::Space space) const {
     auto mesh = host::readMesh(object_);
@@ -245,7 +256,8 @@ MStatus MFnMesh::setPoint(int vertexId, const MPoint& pos, MSpace::Space space) 
     const MPoint p = space == MSpace::kWorld ? pos * spaceMatrix(space).inverse() : pos;
     const std::vector<std::array<float, 3>> point = {
         {static_cast<float>(p.x), static_cast<float>(p.y), static_cast<float>(p.z)}};
-    return host::writeShownPoints(object_, static_cast<std::size_t>(vertexId), point) ? MS::kSuccess : MS::kFailure;
+    return host::writeShownPoints(object_, static_cast<std::size_t>(vertexId), point) ? MS::kSuccess
+                                                                                      : MS::kFailure;
 }
 
 MStatus MFnMesh::getVertices(MIntArray& vertexCount, MIntArray& vertexList) const {
@@ -293,7 +305,8 @@ MString MFnMesh::currentColorSetName(int, MStatus* ReturnStatus) const {
     return mesh ? MString(mesh->currentColorSet) : MString();
 }
 
-MString MFnMesh::createColorSetWithName(const MString& colorSetName, MDGModifier*, MIntArray*, MStatus* ReturnStatus) {
+MString MFnMesh::createColorSetWithName(const MString& colorSetName, MDGModifier*, MIntArray*,
+                                        MStatus* ReturnStatus) {
     host::MeshData* mesh = host::writeMesh(object_);
     if (!mesh || colorSetName.length() == 0) {
         setStatus(ReturnStatus, false);
@@ -332,7 +345,8 @@ static const host::ColorSet* findColorSet(const host::MeshData& mesh, const std:
     return nullptr;
 }
 
-MStatus MFnMesh::getVertexColors(MColorArray& colors, const MString* colorSet, const MColor* defaultUnsetColor) {
+MStatus MFnMesh::getVertexColors(MColorArray& colors, const MString* colorSet,
+                                 const MColor* defaultUnsetColor) {
     auto mesh = host::readMesh(object_);
     if (!mesh) return MS::kFailure;
     const std::string name = colorSet ? colorSet->str() : mesh->currentColorSet;
@@ -352,7 +366,8 @@ MStatus MFnMesh::setVertexColors(MColorArray& colors, MIntArray& vertexList, MDG
     return setVertexColors(colors, vertexList, modifier, kRGBA);
 }
 
-MStatus MFnMesh::setVertexColors(MColorArray& colors, MIntArray& vertexList, MDGModifier*, MColorRepresentation) {
+MStatus MFnMesh::setVertexColors(MColorArray& colors, MIntArray& vertexList, MDGModifier*,
+                                 MColorRepresentation) {
     if (colors.length() != vertexList.length()) return MS::kInvalidParameter;
     host::MeshData* mesh = host::writeMesh(object_);
     if (!mesh) return MS::kFailure;
@@ -376,4 +391,6 @@ MStatus MFnMesh::setVertexColors(MColorArray& colors, MIntArray& vertexList, MDG
     return MS::kSuccess;
 }
 
-MStatus MFnMesh::updateSurface() { return MS::kSuccess; }
+MStatus MFnMesh::updateSurface() {
+    return MS::kSuccess;
+}

@@ -69,7 +69,8 @@ MStatus MFnTransform::set(const MTransformationMatrix& transform) {
     host::Plug ro = transformPlug(object_, "ro");
     if (ro.isNull()) return MS::kFailure;
     ro.setValue(static_cast<int>(order) - 1);
-    return writeTriple(object_, kTranslate, tv) && writeTriple(object_, kRotate, r) && writeTriple(object_, kScale, s)
+    return writeTriple(object_, kTranslate, tv) && writeTriple(object_, kRotate, r) &&
+                   writeTriple(object_, kScale, s)
                ? MS::kSuccess
                : MS::kFailure;
 }

@@ -12,7 +12,6 @@ using host::setStatus;
 
 namespace {
 
-
 // A transform stands for its shape.
 MObject meshNodeOf(const MObject& object) {
     host::NodePtr node = host::nodeOf(object);
@@ -23,7 +22,9 @@ MObject meshNodeOf(const MObject& object) {
     return object;
 }
 
-void assign(MIntArray& out, core::IndexRange range) { out.vec().assign(range.begin(), range.end()); }
+void assign(MIntArray& out, core::IndexRange range) {
+    out.vec().assign(range.begin(), range.end());
+}
 
 MPoint pointOf(const host::MeshData& mesh, int v, const MMatrix& m) {
     if (v < 0 || v >= mesh.numVertices()) return MPoint();
@@ -35,7 +36,8 @@ MPoint pointOf(const host::MeshData& mesh, int v, const MMatrix& m) {
 struct Walk {
     static int currentOf(const std::vector<int>& elements, bool all, int position) {
         if (all) return position;
-        return position < static_cast<int>(elements.size()) ? elements[static_cast<std::size_t>(position)] : -1;
+        return position < static_cast<int>(elements.size()) ? elements[static_cast<std::size_t>(position)]
+                                                            : -1;
     }
 };
 
@@ -136,7 +138,9 @@ void MItMeshEdge::init(const MObject& mesh, const MObject& component, MStatus* R
     current_ = Walk::currentOf(elements_, all_, 0);
     setStatus(ReturnStatus, mesh_ != nullptr);
 }
-MItMeshEdge::MItMeshEdge(MObject& polyObject, MStatus* ReturnStatus) { init(polyObject, MObject(), ReturnStatus); }
+MItMeshEdge::MItMeshEdge(MObject& polyObject, MStatus* ReturnStatus) {
+    init(polyObject, MObject(), ReturnStatus);
+}
 MItMeshEdge::MItMeshEdge(MObject& polyObject, MObject& component, MStatus* ReturnStatus) {
     init(polyObject, component, ReturnStatus);
 }
@@ -292,7 +296,8 @@ MPoint MItMeshPolygon::point(int which, MSpace::Space space, MStatus* ReturnStat
     const bool ok = mesh_ && current_ >= 0 && current_ < count_ && which >= 0 &&
                     which < mesh_->topology().faceVertices(current_).size();
     setStatus(ReturnStatus, ok);
-    return ok ? pointOf(*mesh_, mesh_->topology().faceVertices(current_)[which], host::meshSpaceMatrix(node_, space))
+    return ok ? pointOf(*mesh_, mesh_->topology().faceVertices(current_)[which],
+                        host::meshSpaceMatrix(node_, space))
               : MPoint();
 }
 MPoint MItMeshPolygon::center(MSpace::Space space, MStatus* ReturnStatus) {

@@ -9,14 +9,13 @@
 #include "engine/Evaluation.h"
 #include "engine/Scene.h"
 
-#include <cmath>
 #include "api/StatusOut.h"
+#include <cmath>
 
 using host::Plug;
 using host::setStatus;
 
 namespace {
-
 
 const Plug* valid(const std::shared_ptr<const Plug>& plug) {
     return plug && !plug->isNull() && plug->node()->alive() ? plug.get() : nullptr;
@@ -44,13 +43,17 @@ MStatus writeNumber(const std::shared_ptr<const Plug>& plug, double v) {
     const Plug* p = valid(plug);
     if (!p || !p->attr()->isNumeric()) return MS::kFailure;
     switch (p->attr()->type) {
-    case host::AttrType::Bool: return writeValue(plug, v != 0.0);
+    case host::AttrType::Bool:
+        return writeValue(plug, v != 0.0);
     case host::AttrType::Int:
     case host::AttrType::Enum:
         if (!std::isfinite(v)) return MS::kFailure;
-        return writeValue(plug, static_cast<int>(std::lround(std::fmax(std::fmin(v, 2147483647.0), -2147483648.0))));
-    case host::AttrType::Float: return writeValue(plug, static_cast<double>(static_cast<float>(v)));
-    default: return writeValue(plug, v);
+        return writeValue(
+            plug, static_cast<int>(std::lround(std::fmax(std::fmin(v, 2147483647.0), -2147483648.0))));
+    case host::AttrType::Float:
+        return writeValue(plug, static_cast<double>(static_cast<float>(v)));
+    default:
+        return writeValue(plug, v);
     }
 }
 
@@ -102,7 +105,9 @@ MString MPlug::partialName(bool includeNodeName, bool, bool, bool, bool, bool us
     return MString(text);
 }
 
-MString MPlug::info(MStatus* ReturnStatus) const { return name(ReturnStatus); }
+MString MPlug::info(MStatus* ReturnStatus) const {
+    return name(ReturnStatus);
+}
 
 bool MPlug::isArray(MStatus* ReturnStatus) const {
     const Plug* p = valid(plug_);
@@ -155,7 +160,9 @@ unsigned int MPlug::numElements(MStatus* ReturnStatus) const {
     return ok ? static_cast<unsigned int>(p->numElements()) : 0u;
 }
 
-unsigned int MPlug::evaluateNumElements(MStatus* ReturnStatus) { return numElements(ReturnStatus); }
+unsigned int MPlug::evaluateNumElements(MStatus* ReturnStatus) {
+    return numElements(ReturnStatus);
+}
 
 unsigned int MPlug::numChildren(MStatus* ReturnStatus) const {
     const Plug* p = valid(plug_);
@@ -260,8 +267,12 @@ int MPlug::asInt(MStatus* ReturnStatus) const {
     setStatus(ReturnStatus, readNumber(plug_, v));
     return std::isfinite(v) ? static_cast<int>(std::fmax(std::fmin(v, 2147483647.0), -2147483648.0)) : 0;
 }
-short MPlug::asShort(MStatus* ReturnStatus) const { return static_cast<short>(asInt(ReturnStatus)); }
-float MPlug::asFloat(MStatus* ReturnStatus) const { return static_cast<float>(asDouble(ReturnStatus)); }
+short MPlug::asShort(MStatus* ReturnStatus) const {
+    return static_cast<short>(asInt(ReturnStatus));
+}
+float MPlug::asFloat(MStatus* ReturnStatus) const {
+    return static_cast<float>(asDouble(ReturnStatus));
+}
 double MPlug::asDouble(MStatus* ReturnStatus) const {
     double v = 0;
     setStatus(ReturnStatus, readNumber(plug_, v));
@@ -296,10 +307,18 @@ MObject MPlug::asMObject(MStatus* ReturnStatus) const {
     setStatus(ReturnStatus, true);
     return host::ObjectRef::ofData((*data)->clone());
 }
-bool MPlug::asBool(const MDGContext&, MStatus* ReturnStatus) const { return asBool(ReturnStatus); }
-int MPlug::asInt(const MDGContext&, MStatus* ReturnStatus) const { return asInt(ReturnStatus); }
-double MPlug::asDouble(const MDGContext&, MStatus* ReturnStatus) const { return asDouble(ReturnStatus); }
-MObject MPlug::asMObject(const MDGContext&, MStatus* ReturnStatus) const { return asMObject(ReturnStatus); }
+bool MPlug::asBool(const MDGContext&, MStatus* ReturnStatus) const {
+    return asBool(ReturnStatus);
+}
+int MPlug::asInt(const MDGContext&, MStatus* ReturnStatus) const {
+    return asInt(ReturnStatus);
+}
+double MPlug::asDouble(const MDGContext&, MStatus* ReturnStatus) const {
+    return asDouble(ReturnStatus);
+}
+MObject MPlug::asMObject(const MDGContext&, MStatus* ReturnStatus) const {
+    return asMObject(ReturnStatus);
+}
 
 MStatus MPlug::getValue(MObject& v) const {
     MStatus s;
@@ -362,17 +381,29 @@ MStatus MPlug::getValue(MTime& v) const {
     return s;
 }
 
-MStatus MPlug::setBool(bool v) { return writeNumber(plug_, v ? 1.0 : 0.0); }
-MStatus MPlug::setInt(int v) { return writeNumber(plug_, v); }
-MStatus MPlug::setShort(short v) { return writeNumber(plug_, v); }
-MStatus MPlug::setFloat(float v) { return writeNumber(plug_, v); }
-MStatus MPlug::setDouble(double v) { return writeNumber(plug_, v); }
+MStatus MPlug::setBool(bool v) {
+    return writeNumber(plug_, v ? 1.0 : 0.0);
+}
+MStatus MPlug::setInt(int v) {
+    return writeNumber(plug_, v);
+}
+MStatus MPlug::setShort(short v) {
+    return writeNumber(plug_, v);
+}
+MStatus MPlug::setFloat(float v) {
+    return writeNumber(plug_, v);
+}
+MStatus MPlug::setDouble(double v) {
+    return writeNumber(plug_, v);
+}
 MStatus MPlug::setString(const MString& v) {
     const Plug* p = valid(plug_);
     if (!p || p->attr()->type != host::AttrType::String) return MS::kFailure;
     return writeValue(plug_, v.str());
 }
-MStatus MPlug::setMObject(const MObject& v) { return setValue(v); }
+MStatus MPlug::setMObject(const MObject& v) {
+    return setValue(v);
+}
 
 MStatus MPlug::setValue(const MObject& v) {
     const Plug* p = valid(plug_);
@@ -401,20 +432,48 @@ MStatus MPlug::setValue(const MObject& v) {
     if (type == host::AttrType::Data && data->kind != p->attr()->dataKind) return MS::kFailure;
     return writeValue(plug_, host::DataPtr(data->clone()));
 }
-MStatus MPlug::setValue(const MPxData*) { return MS::kNotImplemented; }
-MStatus MPlug::setValue(const MDataHandle&) { return MS::kNotImplemented; }
-MStatus MPlug::setValue(double v) { return setDouble(v); }
-MStatus MPlug::setValue(float v) { return setFloat(v); }
-MStatus MPlug::setValue(MInt64 v) { return writeNumber(plug_, static_cast<double>(v)); }
-MStatus MPlug::setValue(int v) { return setInt(v); }
-MStatus MPlug::setValue(short v) { return setShort(v); }
-MStatus MPlug::setValue(bool v) { return setBool(v); }
-MStatus MPlug::setValue(char v) { return writeNumber(plug_, v); }
-MStatus MPlug::setValue(const MString& v) { return setString(v); }
-MStatus MPlug::setValue(const char* v) { return setString(MString(v)); }
-MStatus MPlug::setValue(const MDistance& v) { return setDouble(v.value()); }
-MStatus MPlug::setValue(const MAngle& v) { return setDouble(v.value()); }
-MStatus MPlug::setValue(const MTime& v) { return setDouble(v.value()); }
+MStatus MPlug::setValue(const MPxData*) {
+    return MS::kNotImplemented;
+}
+MStatus MPlug::setValue(const MDataHandle&) {
+    return MS::kNotImplemented;
+}
+MStatus MPlug::setValue(double v) {
+    return setDouble(v);
+}
+MStatus MPlug::setValue(float v) {
+    return setFloat(v);
+}
+MStatus MPlug::setValue(MInt64 v) {
+    return writeNumber(plug_, static_cast<double>(v));
+}
+MStatus MPlug::setValue(int v) {
+    return setInt(v);
+}
+MStatus MPlug::setValue(short v) {
+    return setShort(v);
+}
+MStatus MPlug::setValue(bool v) {
+    return setBool(v);
+}
+MStatus MPlug::setValue(char v) {
+    return writeNumber(plug_, v);
+}
+MStatus MPlug::setValue(const MString& v) {
+    return setString(v);
+}
+MStatus MPlug::setValue(const char* v) {
+    return setString(MString(v));
+}
+MStatus MPlug::setValue(const MDistance& v) {
+    return setDouble(v.value());
+}
+MStatus MPlug::setValue(const MAngle& v) {
+    return setDouble(v.value());
+}
+MStatus MPlug::setValue(const MTime& v) {
+    return setDouble(v.value());
+}
 
 bool MPlug::operator==(const MPlug& other) const {
     const Plug* a = valid(plug_);

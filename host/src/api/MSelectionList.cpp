@@ -5,16 +5,15 @@
 #include "engine/ComponentText.h"
 #include "engine/Scene.h"
 
+#include "api/StatusOut.h"
 #include <algorithm>
 #include <unordered_set>
-#include "api/StatusOut.h"
 
 using host::SelectionItem;
 
 using host::setStatus;
 
 namespace {
-
 
 bool sameItem(const SelectionItem& a, const SelectionItem& b) {
     return a.node == b.node && a.plug == b.plug && !a.component && !b.component;
@@ -52,8 +51,12 @@ MSelectionList& MSelectionList::operator=(const MSelectionList& src) {
 }
 MSelectionList::~MSelectionList() = default;
 
-std::vector<SelectionItem>& MSelectionList::items() { return *items_; }
-const std::vector<SelectionItem>& MSelectionList::items() const { return *items_; }
+std::vector<SelectionItem>& MSelectionList::items() {
+    return *items_;
+}
+const std::vector<SelectionItem>& MSelectionList::items() const {
+    return *items_;
+}
 
 MStatus MSelectionList::clear() {
     items_->clear();
@@ -96,7 +99,9 @@ MStatus MSelectionList::getPlug(unsigned int index, MPlug& plug) const {
     return MS::kSuccess;
 }
 
-MStatus MSelectionList::getPlug(unsigned int index, bool, MPlug& plug) const { return getPlug(index, plug); }
+MStatus MSelectionList::getPlug(unsigned int index, bool, MPlug& plug) const {
+    return getPlug(index, plug);
+}
 
 static void itemStrings(const SelectionItem& item, MStringArray& out) {
     host::Scene& scene = host::scene();
@@ -110,7 +115,8 @@ static void itemStrings(const SelectionItem& item, MStringArray& out) {
         out.append(MString(name));
         return;
     }
-    for (const std::string& text : host::componentItems(*item.component)) out.append(MString(name + "." + text));
+    for (const std::string& text : host::componentItems(*item.component))
+        out.append(MString(name + "." + text));
 }
 
 MStatus MSelectionList::getSelectionStrings(MStringArray& array) const {
@@ -151,7 +157,8 @@ MStatus MSelectionList::add(const MDagPath& object, const MObject& component, co
 MStatus MSelectionList::add(const MString& matchString, const bool) {
     SelectionItem item;
     std::string error;
-    if (!host::resolveSelectionString(host::scene(), matchString.str(), item, &error)) return MS::kInvalidParameter;
+    if (!host::resolveSelectionString(host::scene(), matchString.str(), item, &error))
+        return MS::kInvalidParameter;
     addItem(*items_, std::move(item), true);
     return MS::kSuccess;
 }
@@ -166,7 +173,9 @@ MStatus MSelectionList::add(const MPlug& plug, const bool mergeWithExisting) {
     return MS::kSuccess;
 }
 
-MStatus MSelectionList::add(const MUuid&, bool) { return MS::kNotImplemented; }
+MStatus MSelectionList::add(const MUuid&, bool) {
+    return MS::kNotImplemented;
+}
 
 MStatus MSelectionList::merge(const MSelectionList& other, const MergeStrategy strategy) {
     for (const SelectionItem& item : *other.items_) {
@@ -192,5 +201,6 @@ MStatus MSelectionList::remove(unsigned int index) {
 bool MSelectionList::hasItem(const MObject& item, MStatus* ReturnStatus) const {
     setStatus(ReturnStatus, true);
     host::NodePtr node = host::nodeOf(item);
-    return node && std::any_of(items_->begin(), items_->end(), [&](const SelectionItem& e) { return e.node == node; });
+    return node && std::any_of(items_->begin(), items_->end(),
+                               [&](const SelectionItem& e) { return e.node == node; });
 }

@@ -1,6 +1,7 @@
 #include <maya/MString.h>
 #include <maya/MStringArray.h>
 
+#include "api/StatusOut.h"
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
@@ -10,7 +11,6 @@
 #include <cstring>
 #include <limits>
 #include <ostream>
-#include "api/StatusOut.h"
 
 using host::setStatus;
 
@@ -51,7 +51,6 @@ bool parseLong(const std::string& text, long long& value) {
     while (*end && std::isspace(static_cast<unsigned char>(*end))) ++end;
     return whole && *end == '\0';
 }
-
 
 } // namespace
 
@@ -109,14 +108,28 @@ MString& MString::operator+=(unsigned long value) {
     return *this;
 }
 
-MString MString::operator+(const MString& other) const { return MString(*this) += other; }
-MString MString::operator+(const char* other) const { return MString(*this) += other; }
-MString MString::operator+(double value) const { return MString(*this) += value; }
-MString MString::operator+(int value) const { return MString(*this) += value; }
-MString MString::operator+(unsigned int value) const { return MString(*this) += value; }
-MString MString::operator+(float value) const { return MString(*this) += value; }
+MString MString::operator+(const MString& other) const {
+    return MString(*this) += other;
+}
+MString MString::operator+(const char* other) const {
+    return MString(*this) += other;
+}
+MString MString::operator+(double value) const {
+    return MString(*this) += value;
+}
+MString MString::operator+(int value) const {
+    return MString(*this) += value;
+}
+MString MString::operator+(unsigned int value) const {
+    return MString(*this) += value;
+}
+MString MString::operator+(float value) const {
+    return MString(*this) += value;
+}
 
-bool MString::operator==(const char* other) const { return text_ == (other ? other : ""); }
+bool MString::operator==(const char* other) const {
+    return text_ == (other ? other : "");
+}
 
 MStatus MString::set(const char* charString) {
     *this = charString;
@@ -241,7 +254,9 @@ MString MString::expandEnvironmentVariablesAndTilde(MStatus* ReturnStatus) const
     return MString(out);
 }
 
-short MString::asShort(MStatus* ReturnStatus) const { return static_cast<short>(asInt(ReturnStatus)); }
+short MString::asShort(MStatus* ReturnStatus) const {
+    return static_cast<short>(asInt(ReturnStatus));
+}
 
 int MString::asInt(MStatus* ReturnStatus) const {
     long long value = 0;
@@ -296,13 +311,19 @@ bool MString::isUnsigned(MStatus* ReturnStatus) const {
     setStatus(ReturnStatus, true);
     return ok;
 }
-bool MString::isFloat(MStatus* ReturnStatus) const { return isDouble(ReturnStatus); }
+bool MString::isFloat(MStatus* ReturnStatus) const {
+    return isDouble(ReturnStatus);
+}
 bool MString::isDouble(MStatus* ReturnStatus) const {
     double value = 0.0;
     setStatus(ReturnStatus, true);
     return parseDouble(text_, value);
 }
 
-MString operator+(const char* left, const MString& right) { return MString(left) += right; }
+MString operator+(const char* left, const MString& right) {
+    return MString(left) += right;
+}
 
-std::ostream& operator<<(std::ostream& out, const MString& text) { return out << text.str(); }
+std::ostream& operator<<(std::ostream& out, const MString& text) {
+    return out << text.str();
+}

@@ -53,8 +53,10 @@ MeshData* writeMesh(const MObject& object) {
             pnts.clearElements();
         }
         auto& mesh = node->mesh();
-        if (!mesh) mesh = std::make_shared<MeshData>();
-        else if (mesh.use_count() > 1) mesh = std::static_pointer_cast<MeshData>(mesh->clone());
+        if (!mesh)
+            mesh = std::make_shared<MeshData>();
+        else if (mesh.use_count() > 1)
+            mesh = std::static_pointer_cast<MeshData>(mesh->clone());
         node->touch();
         return mesh.get();
     }

@@ -47,21 +47,34 @@ std::shared_ptr<DataObject> dataOf(const MObject& object) {
 
 MFn::Type apiTypeOfData(const DataObject& data) {
     switch (data.kind) {
-    case DataKind::PointArray: return MFn::kPointArrayData;
-    case DataKind::ComponentList: return MFn::kComponentListData;
-    case DataKind::IntArray: return MFn::kIntArrayData;
-    case DataKind::DoubleArray: return MFn::kDoubleArrayData;
-    case DataKind::StringArray: return MFn::kStringArrayData;
-    case DataKind::Matrix: return MFn::kMatrixData;
-    case DataKind::Mesh: return MFn::kMeshData;
-    case DataKind::PolyFaces: return MFn::kData;
+    case DataKind::PointArray:
+        return MFn::kPointArrayData;
+    case DataKind::ComponentList:
+        return MFn::kComponentListData;
+    case DataKind::IntArray:
+        return MFn::kIntArrayData;
+    case DataKind::DoubleArray:
+        return MFn::kDoubleArrayData;
+    case DataKind::StringArray:
+        return MFn::kStringArrayData;
+    case DataKind::Matrix:
+        return MFn::kMatrixData;
+    case DataKind::Mesh:
+        return MFn::kMeshData;
+    case DataKind::PolyFaces:
+        return MFn::kData;
     case DataKind::Component:
         switch (static_cast<const ComponentData&>(data).type) {
-        case ComponentType::Vertex: return MFn::kMeshVertComponent;
-        case ComponentType::Edge: return MFn::kMeshEdgeComponent;
-        case ComponentType::Face: return MFn::kMeshPolygonComponent;
-        case ComponentType::FaceVertex: return MFn::kMeshVtxFaceComponent;
-        case ComponentType::Other: return MFn::kSingleIndexedComponent;
+        case ComponentType::Vertex:
+            return MFn::kMeshVertComponent;
+        case ComponentType::Edge:
+            return MFn::kMeshEdgeComponent;
+        case ComponentType::Face:
+            return MFn::kMeshPolygonComponent;
+        case ComponentType::FaceVertex:
+            return MFn::kMeshVtxFaceComponent;
+        case ComponentType::Other:
+            return MFn::kSingleIndexedComponent;
         }
     }
     return MFn::kData;
@@ -82,14 +95,21 @@ MFn::Type MObject::apiType() const {
     if (ref_->node) return ref_->node->type().apiType;
     if (ref_->attr) {
         switch (ref_->attr->type) {
-        case host::AttrType::Compound: return MFn::kCompoundAttribute;
-        case host::AttrType::Matrix: return MFn::kMatrixAttribute;
-        case host::AttrType::Message: return MFn::kMessageAttribute;
-        case host::AttrType::Enum: return MFn::kEnumAttribute;
-        case host::AttrType::Generic: return MFn::kGenericAttribute;
+        case host::AttrType::Compound:
+            return MFn::kCompoundAttribute;
+        case host::AttrType::Matrix:
+            return MFn::kMatrixAttribute;
+        case host::AttrType::Message:
+            return MFn::kMessageAttribute;
+        case host::AttrType::Enum:
+            return MFn::kEnumAttribute;
+        case host::AttrType::Generic:
+            return MFn::kGenericAttribute;
         case host::AttrType::String:
-        case host::AttrType::Data: return MFn::kTypedAttribute;
-        default: return MFn::kNumericAttribute;
+        case host::AttrType::Data:
+            return MFn::kTypedAttribute;
+        default:
+            return MFn::kNumericAttribute;
         }
     }
     return host::apiTypeOfData(*ref_->data);

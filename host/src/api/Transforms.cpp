@@ -23,7 +23,8 @@ MMatrix translation(double x, double y, double z) {
     return m;
 }
 
-MMatrix triple(const Node& node, const char* x, const char* y, const char* z, double fallback, bool negate = false) {
+MMatrix triple(const Node& node, const char* x, const char* y, const char* z, double fallback,
+               bool negate = false) {
     const double s = negate ? -1.0 : 1.0;
     return translation(s * attrValue(node, x, fallback), s * attrValue(node, y, fallback),
                        s * attrValue(node, z, fallback));
@@ -64,9 +65,10 @@ MMatrix localMatrix(const Node& node) {
         return scale * rotateAxis * rotate * orient * inverseScale * t;
     }
     // Transforms: [-sp] S Sh [sp] [spt] [-rp] Ra R [rp] [rpt] T, for row vectors.
-    return triple(node, "spx", "spy", "spz", 0.0, true) * scale * shear * triple(node, "spx", "spy", "spz", 0.0) *
-           triple(node, "sptx", "spty", "sptz", 0.0) * triple(node, "rpx", "rpy", "rpz", 0.0, true) * rotateAxis *
-           rotate * triple(node, "rpx", "rpy", "rpz", 0.0) * triple(node, "rptx", "rpty", "rptz", 0.0) * t;
+    return triple(node, "spx", "spy", "spz", 0.0, true) * scale * shear *
+           triple(node, "spx", "spy", "spz", 0.0) * triple(node, "sptx", "spty", "sptz", 0.0) *
+           triple(node, "rpx", "rpy", "rpz", 0.0, true) * rotateAxis * rotate *
+           triple(node, "rpx", "rpy", "rpz", 0.0) * triple(node, "rptx", "rpty", "rptz", 0.0) * t;
 }
 
 MMatrix worldMatrix(const Node& node) {

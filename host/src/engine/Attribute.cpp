@@ -114,7 +114,8 @@ AttrPtr hidden(AttrPtr attr) {
 void linkAttr(AttrSpec& attr, AttrSpec* parent, int index) {
     attr.parent = parent;
     attr.index = index;
-    for (std::size_t i = 0; i < attr.children.size(); ++i) linkAttr(*attr.children[i], &attr, static_cast<int>(i));
+    for (std::size_t i = 0; i < attr.children.size(); ++i)
+        linkAttr(*attr.children[i], &attr, static_cast<int>(i));
 }
 
 } // namespace host

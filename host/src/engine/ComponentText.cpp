@@ -30,19 +30,25 @@ ComponentType componentTypeOf(std::string_view typeName) {
 
 const char* componentTypeName(ComponentType type) {
     switch (type) {
-    case ComponentType::Vertex: return "vtx";
-    case ComponentType::Edge: return "e";
-    case ComponentType::Face: return "f";
-    case ComponentType::FaceVertex: return "vtxFace";
-    case ComponentType::Other: break;
+    case ComponentType::Vertex:
+        return "vtx";
+    case ComponentType::Edge:
+        return "e";
+    case ComponentType::Face:
+        return "f";
+    case ComponentType::FaceVertex:
+        return "vtxFace";
+    case ComponentType::Other:
+        break;
     }
     return "";
 }
 
-bool parseComponentItem(std::string_view text, ComponentType& type, std::string& typeName, int& first, int& last,
-                        bool& all) {
+bool parseComponentItem(std::string_view text, ComponentType& type, std::string& typeName, int& first,
+                        int& last, bool& all) {
     const std::size_t open = text.find('[');
-    if (open == std::string_view::npos || open == 0 || text.size() < open + 3 || text.back() != ']') return false;
+    if (open == std::string_view::npos || open == 0 || text.size() < open + 3 || text.back() != ']')
+        return false;
     typeName.assign(text.substr(0, open));
     type = componentTypeOf(typeName);
     std::string_view inner = text.substr(open + 1, text.size() - open - 2);
@@ -58,11 +64,13 @@ bool parseComponentItem(std::string_view text, ComponentType& type, std::string&
         last = first;
         return true;
     }
-    return parseInt(inner.substr(0, colon), first) && parseInt(inner.substr(colon + 1), last) && first <= last;
+    return parseInt(inner.substr(0, colon), first) && parseInt(inner.substr(colon + 1), last) &&
+           first <= last;
 }
 
 std::vector<std::string> componentItems(const ComponentData& component) {
-    const std::string name = component.typeName.empty() ? componentTypeName(component.type) : component.typeName;
+    const std::string name =
+        component.typeName.empty() ? componentTypeName(component.type) : component.typeName;
     std::vector<std::string> items;
     if (component.complete) {
         items.push_back(name + "[*]");
@@ -94,7 +102,8 @@ NodePtr shapeOf(const Scene& scene, const NodePtr& node) {
     return fallback ? fallback : node;
 }
 
-bool resolveSelectionString(const Scene& scene, const std::string& text, SelectionItem& item, std::string* error) {
+bool resolveSelectionString(const Scene& scene, const std::string& text, SelectionItem& item,
+                            std::string* error) {
     item = SelectionItem();
     const std::size_t dot = text.find('.');
     NodePtr node = scene.findNode(text.substr(0, dot), error);

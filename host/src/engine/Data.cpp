@@ -5,15 +5,24 @@ namespace host {
 
 const char* dataKindName(DataKind kind) {
     switch (kind) {
-    case DataKind::PointArray: return "pointArray";
-    case DataKind::ComponentList: return "componentList";
-    case DataKind::IntArray: return "Int32Array";
-    case DataKind::DoubleArray: return "doubleArray";
-    case DataKind::StringArray: return "stringArray";
-    case DataKind::Matrix: return "matrix";
-    case DataKind::Mesh: return "mesh";
-    case DataKind::Component: return "component";
-    case DataKind::PolyFaces: return "polyFaces";
+    case DataKind::PointArray:
+        return "pointArray";
+    case DataKind::ComponentList:
+        return "componentList";
+    case DataKind::IntArray:
+        return "Int32Array";
+    case DataKind::DoubleArray:
+        return "doubleArray";
+    case DataKind::StringArray:
+        return "stringArray";
+    case DataKind::Matrix:
+        return "matrix";
+    case DataKind::Mesh:
+        return "mesh";
+    case DataKind::Component:
+        return "component";
+    case DataKind::PolyFaces:
+        return "polyFaces";
     }
     return "data";
 }

@@ -24,7 +24,8 @@ static void indexDynamic(std::unordered_map<std::string, const AttrSpec*>& names
 }
 
 static bool namesFree(const Node& node, const AttrSpec& attr) {
-    if (node.findAttr(attr.longName) || (!attr.shortName.empty() && node.findAttr(attr.shortName))) return false;
+    if (node.findAttr(attr.longName) || (!attr.shortName.empty() && node.findAttr(attr.shortName)))
+        return false;
     for (const auto& child : attr.children)
         if (!namesFree(node, *child)) return false;
     return true;

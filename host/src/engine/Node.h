@@ -21,7 +21,8 @@ uint64_t sceneChangeCount();
 
 class Node : public std::enable_shared_from_this<Node> {
 public:
-    Node(uint64_t id, const NodeType* type, std::string name) : id_(id), type_(type), name_(std::move(name)) {}
+    Node(uint64_t id, const NodeType* type, std::string name)
+        : id_(id), type_(type), name_(std::move(name)) {}
 
     uint64_t id() const { return id_; }
     const NodeType& type() const { return *type_; }

@@ -15,8 +15,12 @@ Plug::Plug(NodePtr node, const AttrSpec* attr) : node_(std::move(node)), attr_(a
     }
 }
 
-bool Plug::isArray() const { return attr_ && attr_->multi && indices_[depth_ - 1] == kNoIndex; }
-bool Plug::isElement() const { return attr_ && attr_->multi && indices_[depth_ - 1] != kNoIndex; }
+bool Plug::isArray() const {
+    return attr_ && attr_->multi && indices_[depth_ - 1] == kNoIndex;
+}
+bool Plug::isElement() const {
+    return attr_ && attr_->multi && indices_[depth_ - 1] != kNoIndex;
+}
 
 bool Plug::isComplete() const {
     const int needed = isArray() ? depth_ - 1 : depth_;
@@ -25,7 +29,9 @@ bool Plug::isComplete() const {
     return true;
 }
 
-uint32_t Plug::logicalIndex() const { return isElement() ? indices_[depth_ - 1] : kNoIndex; }
+uint32_t Plug::logicalIndex() const {
+    return isElement() ? indices_[depth_ - 1] : kNoIndex;
+}
 
 Plug Plug::element(uint32_t logical) const {
     if (!isArray() || logical == kNoIndex) return Plug();

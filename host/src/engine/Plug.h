@@ -26,7 +26,7 @@ public:
     int depth() const { return depth_; }
     uint32_t indexAt(int level) const { return indices_[static_cast<std::size_t>(level)]; }
 
-    bool isArray() const; // a multi attribute without its own index
+    bool isArray() const;   // a multi attribute without its own index
     bool isElement() const; // a multi attribute with its index
     bool isCompound() const { return attr_ && attr_->isCompound(); }
     // True when every multi above (and including, unless it is the array plug) has an index.

@@ -334,7 +334,8 @@ bool Scene::disconnect(const Plug& source, const Plug& destination, std::string*
             touch();
             return true;
         }
-    if (error) *error = "There is no connection from '" + plugName(source) + "' to '" + plugName(destination) + "'.";
+    if (error)
+        *error = "There is no connection from '" + plugName(source) + "' to '" + plugName(destination) + "'.";
     return false;
 }
 
@@ -377,8 +378,12 @@ namespace {
 uint64_t changeCount = 0;
 } // namespace
 
-void noteSceneChange() { ++changeCount; }
-uint64_t sceneChangeCount() { return changeCount; }
+void noteSceneChange() {
+    ++changeCount;
+}
+uint64_t sceneChangeCount() {
+    return changeCount;
+}
 
 namespace {
 std::unique_ptr<Scene>& sceneHolder() {

@@ -21,8 +21,8 @@ struct Connection {
     Plug destination;
 };
 
-using OptionValue = std::variant<int, double, std::string, std::vector<int>, std::vector<double>,
-                                 std::vector<std::string>>;
+using OptionValue =
+    std::variant<int, double, std::string, std::vector<int>, std::vector<double>, std::vector<std::string>>;
 
 class Scene {
 public:
@@ -31,7 +31,8 @@ public:
     Scene& operator=(const Scene&) = delete;
 
     // Nodes. `name` may be empty (the type name plus a number is used) or end in '#'.
-    NodePtr createNode(const std::string& typeName, const std::string& name, Node* parent, std::string* error);
+    NodePtr createNode(const std::string& typeName, const std::string& name, Node* parent,
+                       std::string* error);
     // Deletes the node, its DAG children and every connection to them.
     bool deleteNode(const NodePtr& node, std::string* error);
     bool renameNode(const NodePtr& node, const std::string& newName, std::string* error);

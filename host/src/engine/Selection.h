@@ -10,7 +10,7 @@ namespace host {
 struct SelectionItem {
     NodePtr node;
     std::shared_ptr<const ComponentData> component; // null for whole objects
-    Plug plug;                                        // set for plug items
+    Plug plug;                                      // set for plug items
 };
 
 using SelectionList = std::vector<SelectionItem>;

@@ -86,8 +86,10 @@ public:
 
 private:
     static T cloneValue(const T& v) {
-        if constexpr (std::is_copy_constructible_v<T>) return v;
-        else return v.clone();
+        if constexpr (std::is_copy_constructible_v<T>)
+            return v;
+        else
+            return v.clone();
     }
 
     void merge() const {

@@ -14,8 +14,8 @@ using Value = std::variant<std::monostate, bool, int, double, std::string, DataP
 
 struct Slot {
     Value value;
-    std::unique_ptr<std::vector<Slot>> children;  // compound attributes, by child position
-    std::unique_ptr<SparseArray<Slot>> elements;  // multi attributes, by logical index
+    std::unique_ptr<std::vector<Slot>> children; // compound attributes, by child position
+    std::unique_ptr<SparseArray<Slot>> elements; // multi attributes, by logical index
 
     Slot() = default;
     Slot(Slot&&) noexcept = default;

@@ -68,7 +68,8 @@ MeshPtr cachedAt(const Plug& plug) {
     auto it = c.entries.find(plug);
     if (it != c.entries.end()) return it->second;
     if (!c.inProgress.insert(plug).second) {
-        messageLog().warning("Cycle in the deformation of " + scene().plugName(plug) + ": its input is used as is.");
+        messageLog().warning("Cycle in the deformation of " + scene().plugName(plug) +
+                             ": its input is used as is.");
         return nullptr;
     }
     MeshPtr mesh = computeAt(plug);

@@ -8,7 +8,9 @@ bool CommandTable::add(const std::string& name, CommandHandler handler) {
     return handlers_.emplace(name, std::move(handler)).second;
 }
 
-bool CommandTable::remove(const std::string& name) { return handlers_.erase(name) > 0; }
+bool CommandTable::remove(const std::string& name) {
+    return handlers_.erase(name) > 0;
+}
 
 const CommandHandler* CommandTable::find(const std::string& name) const {
     auto it = handlers_.find(name);

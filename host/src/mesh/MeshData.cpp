@@ -18,19 +18,23 @@ std::string faceEdgeRefs(const std::vector<std::array<int, 2>>& edges, const std
                          const std::vector<int>& faceConnects, std::vector<int>& refs) {
     std::unordered_map<uint64_t, int> index;
     index.reserve(edges.size() * 2);
-    for (std::size_t i = 0; i < edges.size(); ++i) index.emplace(pairKey(edges[i][0], edges[i][1]), static_cast<int>(i));
+    for (std::size_t i = 0; i < edges.size(); ++i)
+        index.emplace(pairKey(edges[i][0], edges[i][1]), static_cast<int>(i));
     refs.clear();
     refs.reserve(faceConnects.size());
     std::size_t offset = 0;
     for (int count : faceCounts) {
-        if (count < 0 || offset + static_cast<std::size_t>(count) > faceConnects.size()) return "Face list is truncated.";
+        if (count < 0 || offset + static_cast<std::size_t>(count) > faceConnects.size())
+            return "Face list is truncated.";
         for (int k = 0; k < count; ++k) {
             const int a = faceConnects[offset + static_cast<std::size_t>(k)];
             const int b = faceConnects[offset + static_cast<std::size_t>((k + 1) % count)];
             auto it = index.find(pairKey(a, b));
             if (it == index.end())
-                return "Face edge " + std::to_string(a) + "-" + std::to_string(b) + " is not in the edge list.";
-            refs.push_back(edges[static_cast<std::size_t>(it->second)][0] == a ? it->second : -it->second - 1);
+                return "Face edge " + std::to_string(a) + "-" + std::to_string(b) +
+                       " is not in the edge list.";
+            refs.push_back(edges[static_cast<std::size_t>(it->second)][0] == a ? it->second
+                                                                               : -it->second - 1);
         }
         offset += static_cast<std::size_t>(count);
     }
@@ -61,7 +65,11 @@ const MeshData::Cache& MeshData::cache() const {
     return *topology_;
 }
 
-const core::MeshTopology& MeshData::topology() const { return cache().topology; }
-const std::string& MeshData::topologyError() const { return cache().error; }
+const core::MeshTopology& MeshData::topology() const {
+    return cache().topology;
+}
+const std::string& MeshData::topologyError() const {
+    return cache().error;
+}
 
 } // namespace host

@@ -29,10 +29,10 @@ void addDagTypes(std::vector<NodeTypeDef>& out) {
     dag.dag = true;
     out.push_back(std::move(dag));
 
-    auto shear = compoundAttr("shear", "sh",
-                              attrs(doubleAttr("shearXY", "shxy"), doubleAttr("shearXZ", "shxz"),
-                                    doubleAttr("shearYZ", "shyz")),
-                              "double3");
+    auto shear = compoundAttr(
+        "shear", "sh",
+        attrs(doubleAttr("shearXY", "shxy"), doubleAttr("shearXZ", "shxz"), doubleAttr("shearYZ", "shyz")),
+        "double3");
     NodeTypeDef transform = typeDef(
         "transform", "dagNode", MFn::kTransform,
         attrs(triple("translate", "t", AttrType::Double), angleTriple("rotate", "r"),
@@ -40,18 +40,17 @@ void addDagTypes(std::vector<NodeTypeDef>& out) {
               angleTriple("rotateAxis", "ra"), triple("rotatePivot", "rp", AttrType::Double),
               triple("scalePivot", "sp", AttrType::Double),
               triple("rotatePivotTranslate", "rpt", AttrType::Double),
-              triple("scalePivotTranslate", "spt", AttrType::Double), boolAttr("inheritsTransform", "it", true),
-              boolAttr("displayHandle", "dh", false)));
+              triple("scalePivotTranslate", "spt", AttrType::Double),
+              boolAttr("inheritsTransform", "it", true), boolAttr("displayHandle", "dh", false)));
     transform.transform = true;
     out.push_back(std::move(transform));
 
-    out.push_back(typeDef("joint", "transform", MFn::kJoint,
-                          attrs(angleTriple("jointOrient", "jo"),
-                                boolAttr("segmentScaleCompensate", "ssc", true),
-                                triple("inverseScale", "is", AttrType::Double, 1.0),
-                                angleTriple("preferredAngle", "pa"),
-                                doubleAttr("radius", "radi", 1.0), enumAttr("drawStyle", "ds", 0),
-                                matrixAttr("bindPose", "bps"))));
+    out.push_back(
+        typeDef("joint", "transform", MFn::kJoint,
+                attrs(angleTriple("jointOrient", "jo"), boolAttr("segmentScaleCompensate", "ssc", true),
+                      triple("inverseScale", "is", AttrType::Double, 1.0),
+                      angleTriple("preferredAngle", "pa"), doubleAttr("radius", "radi", 1.0),
+                      enumAttr("drawStyle", "ds", 0), matrixAttr("bindPose", "bps"))));
 
     NodeTypeDef shape = typeDef("shape", "dagNode", MFn::kShape, {});
     shape.shape = true;
@@ -76,27 +75,30 @@ void addDagTypes(std::vector<NodeTypeDef>& out) {
     auto uvSet = multi(compoundAttr(
         "uvSet", "uvst",
         attrs(stringAttr("uvSetName", "uvsn"),
-              multi(compoundAttr("uvSetPoints", "uvsp", attrs(floatAttr("uvPointsU", "uvpu"), floatAttr("uvPointsV", "uvpv")),
+              multi(compoundAttr("uvSetPoints", "uvsp",
+                                 attrs(floatAttr("uvPointsU", "uvpu"), floatAttr("uvPointsV", "uvpv")),
                                  "float2")))));
     auto colorSet = multi(compoundAttr(
         "colorSet", "clst",
         attrs(stringAttr("colorName", "clsn"), boolAttr("clamped", "clam", false),
               enumAttr("representation", "rprt", 3),
-              multi(compoundAttr("colorSetPoints", "clsp",
-                                 attrs(floatAttr("colorSetPointsR", "clpr"), floatAttr("colorSetPointsG", "clpg"),
-                                       floatAttr("colorSetPointsB", "clpb"), floatAttr("colorSetPointsA", "clpa")),
-                                 "float4")))));
-    auto edge = multi(compoundAttr("edge", "ed",
-                                   attrs(intAttr("edg1", "e1"), intAttr("edg2", "e2"), intAttr("edgh", "eh")),
-                                   "long3"));
-    out.push_back(typeDef(
-        "mesh", "surfaceShape", MFn::kMesh,
-        attrs(dataAttr("inMesh", "i", DataKind::Mesh, "mesh"), dataAttr("outMesh", "o", DataKind::Mesh, "mesh"),
-              dataAttr("cachedInMesh", "ci", DataKind::Mesh, "mesh"),
-              multi(dataAttr("worldMesh", "w", DataKind::Mesh, "mesh")), std::move(vrts), std::move(edge),
-              multi(dataAttr("face", "fc", DataKind::PolyFaces, "polyFaces")), std::move(pnts), std::move(uvSet),
-              stringAttr("currentUVSet", "cuvs"), std::move(colorSet), stringAttr("currentColorSet", "ccls"),
-              boolAttr("displayColors", "dcol", false), genericAttr("tweakLocation", "twl"))));
+              multi(compoundAttr(
+                  "colorSetPoints", "clsp",
+                  attrs(floatAttr("colorSetPointsR", "clpr"), floatAttr("colorSetPointsG", "clpg"),
+                        floatAttr("colorSetPointsB", "clpb"), floatAttr("colorSetPointsA", "clpa")),
+                  "float4")))));
+    auto edge = multi(compoundAttr(
+        "edge", "ed", attrs(intAttr("edg1", "e1"), intAttr("edg2", "e2"), intAttr("edgh", "eh")), "long3"));
+    out.push_back(
+        typeDef("mesh", "surfaceShape", MFn::kMesh,
+                attrs(dataAttr("inMesh", "i", DataKind::Mesh, "mesh"),
+                      dataAttr("outMesh", "o", DataKind::Mesh, "mesh"),
+                      dataAttr("cachedInMesh", "ci", DataKind::Mesh, "mesh"),
+                      multi(dataAttr("worldMesh", "w", DataKind::Mesh, "mesh")), std::move(vrts),
+                      std::move(edge), multi(dataAttr("face", "fc", DataKind::PolyFaces, "polyFaces")),
+                      std::move(pnts), std::move(uvSet), stringAttr("currentUVSet", "cuvs"),
+                      std::move(colorSet), stringAttr("currentColorSet", "ccls"),
+                      boolAttr("displayColors", "dcol", false), genericAttr("tweakLocation", "twl"))));
 }
 
 } // namespace host

@@ -41,32 +41,33 @@ void addDeformerTypes(std::vector<NodeTypeDef>& out) {
         attrs(std::move(group), weightMap("baseWeights", "bw"), intAttr("sculptTargetIndex", "sti", -1),
               dataAttr("paintTargetWeights", "pwt", DataKind::DoubleArray, "doubleArray"),
               intAttr("paintTargetIndex", "pti", -1))));
-    auto inbetweenInfo = multi(compoundAttr(
-        "inbetweenInfoGroup", "ibig",
-        attrs(multi(compoundAttr(
-            "inbetweenInfo", "ibi",
-            attrs(stringAttr("inbetweenTargetName", "ibtn"),
-                  multi(compoundAttr("interpolationCurve", "itc",
-                                     attrs(floatAttr("interpolationCurvePosition", "itcp"),
-                                           floatAttr("interpolationCurveValue", "itcv")),
-                                     "float2"))))))));
+    auto inbetweenInfo =
+        multi(compoundAttr("inbetweenInfoGroup", "ibig",
+                           attrs(multi(compoundAttr(
+                               "inbetweenInfo", "ibi",
+                               attrs(stringAttr("inbetweenTargetName", "ibtn"),
+                                     multi(compoundAttr("interpolationCurve", "itc",
+                                                        attrs(floatAttr("interpolationCurvePosition", "itcp"),
+                                                              floatAttr("interpolationCurveValue", "itcv")),
+                                                        "float2"))))))));
     auto baseOrigin = triple("baseOrigin", "bo", AttrType::Double);
-    out.push_back(typeDef("blendShape", "geometryFilter", MFn::kBlendShape,
-                          attrs(multi(floatAttr("weight", "w", 0.0)), std::move(inputTarget), std::move(inbetweenInfo),
-                                enumAttr("origin", "or", 1), std::move(baseOrigin),
-                                boolAttr("parallelBlender", "pb", false), boolAttr("topologyCheck", "tc", true),
-                                boolAttr("supportNegativeWeights", "snw", false),
-                                dataAttr("paintWeights", "pw", DataKind::DoubleArray, "doubleArray"))));
+    out.push_back(typeDef(
+        "blendShape", "geometryFilter", MFn::kBlendShape,
+        attrs(multi(floatAttr("weight", "w", 0.0)), std::move(inputTarget), std::move(inbetweenInfo),
+              enumAttr("origin", "or", 1), std::move(baseOrigin), boolAttr("parallelBlender", "pb", false),
+              boolAttr("topologyCheck", "tc", true), boolAttr("supportNegativeWeights", "snw", false),
+              dataAttr("paintWeights", "pw", DataKind::DoubleArray, "doubleArray"))));
 
     auto skinWeights = multi(compoundAttr("weightList", "wl", attrs(multi(doubleAttr("weights", "w", 0.0)))));
-    out.push_back(typeDef("skinCluster", "geometryFilter", MFn::kSkinClusterFilter,
-                          attrs(std::move(skinWeights), multi(matrixAttr("bindPreMatrix", "pm")),
-                                multi(matrixAttr("matrix", "ma")), matrixAttr("geomMatrix", "gm"),
-                                enumAttr("normalizeWeights", "nw", 1), intAttr("maxInfluences", "mi", 5),
-                                boolAttr("maintainMaxInfluences", "mmi", false), enumAttr("skinningMethod", "skm", 0),
-                                multi(doubleAttr("dropoff", "dpf", 4.0)), multi(boolAttr("lockWeights", "lw", false)),
-                                dataAttr("paintWeights", "ptw", DataKind::DoubleArray, "doubleArray"),
-                                messageAttr("bindPose", "bp"))));
+    out.push_back(
+        typeDef("skinCluster", "geometryFilter", MFn::kSkinClusterFilter,
+                attrs(std::move(skinWeights), multi(matrixAttr("bindPreMatrix", "pm")),
+                      multi(matrixAttr("matrix", "ma")), matrixAttr("geomMatrix", "gm"),
+                      enumAttr("normalizeWeights", "nw", 1), intAttr("maxInfluences", "mi", 5),
+                      boolAttr("maintainMaxInfluences", "mmi", false), enumAttr("skinningMethod", "skm", 0),
+                      multi(doubleAttr("dropoff", "dpf", 4.0)), multi(boolAttr("lockWeights", "lw", false)),
+                      dataAttr("paintWeights", "ptw", DataKind::DoubleArray, "doubleArray"),
+                      messageAttr("bindPose", "bp"))));
 
     auto vertex = multi(triple("vertex", "vt", AttrType::Float, 0.0, "XYZ", "xyz"));
     const char* vLong[] = {"xVertex", "yVertex", "zVertex"};
@@ -96,13 +97,14 @@ void addDeformerTypes(std::vector<NodeTypeDef>& out) {
 }
 
 void addSetTypes(std::vector<NodeTypeDef>& out) {
-    out.push_back(typeDef("objectSet", "node", MFn::kSet,
-                          attrs(multi(messageAttr("dagSetMembers", "dsm")), multi(messageAttr("dnSetMembers", "dnsm")),
-                                stringAttr("annotation", "an"), boolAttr("isLayer", "il", false),
-                                boolAttr("verticesOnlySet", "vo", false), boolAttr("edgesOnlySet", "eo", false),
-                                boolAttr("facetsOnlySet", "fo", false), boolAttr("renderableOnlySet", "ro", false),
-                                multi(messageAttr("groupNodes", "gn")), multi(messageAttr("usedBy", "ub")),
-                                messageAttr("partition", "pa"))));
+    out.push_back(
+        typeDef("objectSet", "node", MFn::kSet,
+                attrs(multi(messageAttr("dagSetMembers", "dsm")), multi(messageAttr("dnSetMembers", "dnsm")),
+                      stringAttr("annotation", "an"), boolAttr("isLayer", "il", false),
+                      boolAttr("verticesOnlySet", "vo", false), boolAttr("edgesOnlySet", "eo", false),
+                      boolAttr("facetsOnlySet", "fo", false), boolAttr("renderableOnlySet", "ro", false),
+                      multi(messageAttr("groupNodes", "gn")), multi(messageAttr("usedBy", "ub")),
+                      messageAttr("partition", "pa"))));
     out.push_back(typeDef("shadingEngine", "objectSet", MFn::kShadingEngine,
                           attrs(genericAttr("surfaceShader", "ss"), genericAttr("volumeShader", "vs"),
                                 genericAttr("displacementShader", "ds"))));

@@ -1,14 +1,13 @@
 #include <maya/MArgList.h>
 
+#include "api/StatusOut.h"
 #include "api/command/WordValue.h"
 #include <charconv>
 #include <cstring>
-#include "api/StatusOut.h"
 
 const unsigned int MArgList::kInvalidArgIndex = 0xFFFFFFFFu;
 
 using host::setStatus;
-
 
 unsigned int MArgList::length(MStatus* ReturnStatus) const {
     setStatus(ReturnStatus, true);
