@@ -28,7 +28,9 @@ TEST(SparseArray, MatchesOrderedMapUnderRandomOperations) {
             const int* found = array.find(key);
             auto it = reference.find(key);
             ASSERT_EQ(found != nullptr, it != reference.end());
-            if (found) EXPECT_EQ(*found, it->second);
+            if (found) {
+                EXPECT_EQ(*found, it->second);
+            }
         }
         }
     }
