@@ -16,6 +16,10 @@ class MStringArray;
 class MDGModifier;
 class MVector;
 
+namespace host {
+struct MeshData;
+}
+
 class MFnMesh : public MFnDagNode {
 public:
     enum MColorRepresentation { kAlpha = 1, kRGB = 3, kRGBA = 4 };
@@ -76,4 +80,6 @@ protected:
 
 private:
     MMatrix spaceMatrix(MSpace::Space space) const;
+    // Gives the geometry to its owner: mesh data, or a new shape under a transform (or a new one).
+    MObject place(host::MeshData&& mesh, MObject parentOrOwner, MStatus* ReturnStatus);
 };

@@ -87,15 +87,7 @@ bool MFnMesh::accepts(const MObject& object) const {
     return host::readMesh(object) != nullptr;
 }
 
-MObject MFnMesh::create(int numVertices, int numPolygons, const MFloatPointArray& vertexArray,
-                        const MIntArray& polygonCounts, const MIntArray& polygonConnects,
-                        MObject parentOrOwner, MStatus* ReturnStatus) {
-    host::MeshData mesh;
-    if (!fillMesh(mesh, numVertices, numPolygons, vertexArray, polygonCounts, polygonConnects)) {
-        setStatus(ReturnStatus, false);
-        return MObject();
-    }
-    // Owner: mesh data gets the geometry; a transform or nothing gets a new shape.
+MObject MFnMesh::place(host::MeshData&& mesh, MObject parentOrOwner, MStatus* ReturnStatus) {
     if (auto data = host::dataOf<host::MeshData>(parentOrOwner)) {
         *data = std::move(mesh);
         object_ = parentOrOwner;
@@ -108,11 +100,21 @@ MObject MFnMesh::create(int numVertices, int numPolygons, const MFloatPointArray
         setStatus(ReturnStatus, false);
         return MObject();
     }
-    host::NodePtr shape = host::nodeOf(object_);
-    shape->mesh() = std::make_shared<host::MeshData>(std::move(mesh));
+    host::nodeOf(object_)->mesh() = std::make_shared<host::MeshData>(std::move(mesh));
     host::scene().touch();
     setStatus(ReturnStatus, true);
     return result;
+}
+
+MObject MFnMesh::create(int numVertices, int numPolygons, const MFloatPointArray& vertexArray,
+                        const MIntArray& polygonCounts, const MIntArray& polygonConnects,
+                        MObject parentOrOwner, MStatus* ReturnStatus) {
+    host::MeshData mesh;
+    if (!fillMesh(mesh, numVertices, numPolygons, vertexArray, polygonCounts, polygonConnects)) {
+        setStatus(ReturnStatus, false);
+        return MObject();
+    }
+    return place(std::move(mesh), parentOrOwner, ReturnStatus);
 }
 
 MObject MFnMesh::create(int numVertices, int numPolygons, const MPointArray& vertexArray,
@@ -140,23 +142,7 @@ MObject MFnMesh::copy(const MObject& source, MObject parentOrOwner, MStatus* Ret
         setStatus(ReturnStatus, false);
         return MObject();
     }
-    auto copyData = std::static_pointer_cast<host::MeshData>(mesh->clone());
-    if (auto data = host::dataOf<host::MeshData>(parentOrOwner)) {
-        *data = *copyData;
-        object_ = parentOrOwner;
-        setStatus(ReturnStatus, true);
-        return parentOrOwner;
-    }
-    MStatus s;
-    MObject result = MFnDagNode::create("mesh", parentOrOwner, &s);
-    if (!s) {
-        setStatus(ReturnStatus, false);
-        return MObject();
-    }
-    host::nodeOf(object_)->mesh() = copyData;
-    host::scene().touch();
-    setStatus(ReturnStatus, true);
-    return result;
+    return place(host::MeshData(*mesh), parentOrOwner, ReturnStatus);
 }
 
 int MFnMesh::numVertices(MStatus* ReturnStatus) const {

@@ -39,37 +39,6 @@ void appendInt(std::string& out, long long value) {
     appendChars(out, value);
 }
 
-void appendQuoted(std::string& out, std::string_view text) {
-    out += '"';
-    for (char c : text) {
-        switch (c) {
-        case '"':
-        case '\\':
-            out += '\\';
-            out += c;
-            break;
-        case '\n':
-            out += "\\n";
-            break;
-        case '\t':
-            out += "\\t";
-            break;
-        case '\r':
-            out += "\\r";
-            break;
-        default:
-            out += c;
-        }
-    }
-    out += '"';
-}
-
-std::string quoted(std::string_view text) {
-    std::string out;
-    appendQuoted(out, text);
-    return out;
-}
-
 ValueList::ValueList(std::string& out) : out_(out) {
     const std::size_t newline = out.rfind('\n');
     lineStart_ = newline == std::string::npos ? 0 : newline + 1;

@@ -2,6 +2,8 @@
 // Text as Maya ASCII files spell it: numbers in the shortest form that reads back to the same value,
 // quoted strings with the escapes the tokenizer reads, and long value lists wrapped over
 // continuation lines the way Maya wraps them.
+#include "lang/Quoting.h"
+
 #include <string>
 #include <string_view>
 
@@ -11,8 +13,6 @@ void appendDouble(std::string& out, double value);
 // The shortest text that reads back (as a double, then rounded to float) to the same float.
 void appendFloat(std::string& out, float value);
 void appendInt(std::string& out, long long value);
-void appendQuoted(std::string& out, std::string_view text);
-std::string quoted(std::string_view text);
 
 // Appends the values of one statement, breaking the line once it grows long. Continuation lines
 // start with two tabs, as Maya writes them.

@@ -1,5 +1,7 @@
 #include "api/command/StatementArgs.h"
 
+#include "lang/Quoting.h"
+
 namespace host {
 
 MArgList argListOf(const Statement& statement) {
@@ -7,36 +9,6 @@ MArgList argListOf(const Statement& statement) {
     for (const Token& token : statement.args) args.addWord(MString(token.text), token.quoted);
     return args;
 }
-
-namespace {
-
-std::string quoted(const std::string& text) {
-    std::string out = "\"";
-    for (char c : text) {
-        switch (c) {
-        case '"':
-            out += "\\\"";
-            break;
-        case '\\':
-            out += "\\\\";
-            break;
-        case '\n':
-            out += "\\n";
-            break;
-        case '\t':
-            out += "\\t";
-            break;
-        case '\r':
-            out += "\\r";
-            break;
-        default:
-            out += c;
-        }
-    }
-    return out + '"';
-}
-
-} // namespace
 
 std::string commandTextOf(const Statement& statement) {
     std::string text = statement.command;
