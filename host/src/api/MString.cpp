@@ -2,9 +2,10 @@
 #include <maya/MStringArray.h>
 
 #include "api/StatusOut.h"
+#include "core/common/TextNumbers.h"
+
 #include <algorithm>
 #include <cctype>
-#include <cerrno>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -22,34 +23,6 @@ std::string formatNumber(double value) {
     char buffer[64];
     std::snprintf(buffer, sizeof buffer, "%.15g", value);
     return buffer;
-}
-
-// The leading number of the text, as strtod/strtol read it; 0 when there is none.
-bool parseDouble(const std::string& text, double& value) {
-    const char* begin = text.c_str();
-    char* end = nullptr;
-    errno = 0;
-    value = std::strtod(begin, &end);
-    if (end == begin) {
-        value = 0.0;
-        return false;
-    }
-    while (*end && std::isspace(static_cast<unsigned char>(*end))) ++end;
-    return *end == '\0';
-}
-
-bool parseLong(const std::string& text, long long& value) {
-    const char* begin = text.c_str();
-    char* end = nullptr;
-    errno = 0;
-    value = std::strtoll(begin, &end, 10);
-    if (end == begin) {
-        value = 0;
-        return false;
-    }
-    bool whole = errno == 0;
-    while (*end && std::isspace(static_cast<unsigned char>(*end))) ++end;
-    return whole && *end == '\0';
 }
 
 } // namespace
@@ -259,19 +232,15 @@ short MString::asShort(MStatus* ReturnStatus) const {
 }
 
 int MString::asInt(MStatus* ReturnStatus) const {
-    long long value = 0;
-    bool ok = parseLong(text_, value);
-    if (value > std::numeric_limits<int>::max() || value < std::numeric_limits<int>::min()) {
-        value = 0;
-        ok = false;
-    }
-    setStatus(ReturnStatus, ok);
-    return static_cast<int>(value);
+    int value = 0;
+    setStatus(ReturnStatus, common::parseInt(text_, value));
+    return value;
 }
 
 unsigned int MString::asUnsigned(MStatus* ReturnStatus) const {
     long long value = 0;
-    bool ok = parseLong(text_, value) && value >= 0 && value <= std::numeric_limits<unsigned int>::max();
+    bool ok =
+        common::parseLong(text_, value) && value >= 0 && value <= std::numeric_limits<unsigned int>::max();
     setStatus(ReturnStatus, ok);
     return ok ? static_cast<unsigned int>(value) : 0u;
 }
@@ -286,28 +255,26 @@ float MString::asFloat(MStatus* ReturnStatus) const {
 
 double MString::asDouble(MStatus* ReturnStatus) const {
     double value = 0.0;
-    bool ok = parseDouble(text_, value);
-    setStatus(ReturnStatus, ok);
+    setStatus(ReturnStatus, common::parseDouble(text_, value));
     return value;
 }
 
 bool MString::isShort(MStatus* ReturnStatus) const {
     long long value = 0;
-    bool ok = parseLong(text_, value) && value >= std::numeric_limits<short>::min() &&
+    bool ok = common::parseLong(text_, value) && value >= std::numeric_limits<short>::min() &&
               value <= std::numeric_limits<short>::max();
     setStatus(ReturnStatus, true);
     return ok;
 }
 bool MString::isInt(MStatus* ReturnStatus) const {
-    long long value = 0;
-    bool ok = parseLong(text_, value) && value >= std::numeric_limits<int>::min() &&
-              value <= std::numeric_limits<int>::max();
+    int value = 0;
     setStatus(ReturnStatus, true);
-    return ok;
+    return common::parseInt(text_, value);
 }
 bool MString::isUnsigned(MStatus* ReturnStatus) const {
     long long value = 0;
-    bool ok = parseLong(text_, value) && value >= 0 && value <= std::numeric_limits<unsigned int>::max();
+    bool ok =
+        common::parseLong(text_, value) && value >= 0 && value <= std::numeric_limits<unsigned int>::max();
     setStatus(ReturnStatus, true);
     return ok;
 }
@@ -317,7 +284,7 @@ bool MString::isFloat(MStatus* ReturnStatus) const {
 bool MString::isDouble(MStatus* ReturnStatus) const {
     double value = 0.0;
     setStatus(ReturnStatus, true);
-    return parseDouble(text_, value);
+    return common::parseDouble(text_, value);
 }
 
 MString operator+(const char* left, const MString& right) {

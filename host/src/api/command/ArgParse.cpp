@@ -6,18 +6,15 @@ namespace host {
 
 const FlagUse* ParsedArgs::use(const char* flag, unsigned int i) const {
     const int index = flag ? syntax.findFlag(flag) : -1;
-    if (index < 0) return nullptr;
-    for (const FlagUse& entry : uses) {
-        if (entry.flag == static_cast<std::size_t>(index) && i-- == 0) return &entry;
-    }
-    return nullptr;
+    if (index < 0 || static_cast<std::size_t>(index) >= usesOfFlag.size()) return nullptr;
+    const std::vector<std::size_t>& positions = usesOfFlag[static_cast<std::size_t>(index)];
+    return i < positions.size() ? &uses[positions[i]] : nullptr;
 }
 
 unsigned int ParsedArgs::useCount(const char* flag) const {
     const int index = flag ? syntax.findFlag(flag) : -1;
-    unsigned int count = 0;
-    for (const FlagUse& entry : uses) count += entry.flag == static_cast<std::size_t>(index);
-    return count;
+    if (index < 0 || static_cast<std::size_t>(index) >= usesOfFlag.size()) return 0;
+    return static_cast<unsigned int>(usesOfFlag[static_cast<std::size_t>(index)].size());
 }
 
 const std::string* ParsedArgs::argument(const char* flag, unsigned int index) const {
@@ -93,14 +90,14 @@ private:
     }
 
     void record(FlagUse use, bool multiUse) {
-        if (!multiUse) {
-            for (FlagUse& earlier : result_->uses) {
-                if (earlier.flag == use.flag) {
-                    earlier.words = std::move(use.words);
-                    return;
-                }
-            }
+        std::vector<std::vector<std::size_t>>& usesOfFlag = result_->usesOfFlag;
+        usesOfFlag.resize(syntax().flags.size());
+        std::vector<std::size_t>& positions = usesOfFlag[use.flag];
+        if (!multiUse && !positions.empty()) {
+            result_->uses[positions.front()].words = std::move(use.words);
+            return;
         }
+        positions.push_back(result_->uses.size());
         result_->uses.push_back(std::move(use));
     }
 

@@ -21,6 +21,8 @@ struct ParsedArgs {
     SyntaxData syntax;
     // In the order given. A flag that is not multi-use appears once, with its last arguments.
     std::vector<FlagUse> uses;
+    // For each flag of the syntax, the positions of its uses in `uses`.
+    std::vector<std::vector<std::size_t>> usesOfFlag;
     std::vector<std::string> objectWords;
     MSelectionList objects; // resolved objects, or the active selection used as default
     bool objectsFromSelection = false;
