@@ -404,6 +404,8 @@ MStatus blendShapeEditWeights::undoIt() {
         break;
     case Mode::freeze: {
         restoreSavedWeights();
+        // Nothing to put back when the freeze reached no item.
+        if (undoComponents.length() == 0) break;
         if (!common::setTargetComponents(blendShapeNode, static_cast<unsigned int>(targetIndex),
                                          static_cast<unsigned int>(targetItem), undoComponents)) {
             MGlobal::displayError("Error setting components.");
@@ -599,6 +601,8 @@ bool blendShapeEditWeights::freezeWeights() {
         MGlobal::displayError("The base weights cannot be frozen; give the index of a target.");
         return false;
     }
+    undoComponents.clear();
+    undoPoints.clear();
     const core::WeightMap map = readAndSaveMap();
     if (map.empty()) return false;
     const unsigned int target = static_cast<unsigned int>(targetIndex);

@@ -68,12 +68,6 @@ bool parseDouble(std::string_view text, double& value) {
     });
 }
 
-int textToInt(std::string_view text) {
-    int value = 0;
-    parseInt(text, value);
-    return value;
-}
-
 double textToDouble(std::string_view text) {
     double value = 0.0;
     parseDouble(text, value);

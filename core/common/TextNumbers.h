@@ -18,8 +18,7 @@ bool parseInt(std::string_view text, int& value);
 // Floating-point number; overflow and underflow give strtod's result and still count as a number.
 bool parseDouble(std::string_view text, double& value);
 
-// The values the host string's integer and double conversions return for the text.
-int textToInt(std::string_view text);
+// The value the host string's double conversion returns for the text.
 double textToDouble(std::string_view text);
 
 } // namespace common

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cstdio>
 #include <cstring>
+#include <limits>
 #include <string_view>
 
 namespace json {
@@ -46,6 +47,17 @@ const char* findByte(const char* begin, const char* end, char byte) {
 
 std::string_view between(const char* begin, const char* end) {
     return {begin, static_cast<std::size_t>(end - begin)};
+}
+
+// A key converted as the host's string conversion does, except that a number too large for an int
+// becomes -1 instead of 0, so that it is dropped as an index outside the mesh rather than landing on
+// vertex 0.
+int indexFromText(std::string_view text) {
+    long long value = 0;
+    common::parseLong(text, value);
+    return value < std::numeric_limits<int>::min() || value > std::numeric_limits<int>::max()
+               ? -1
+               : static_cast<int>(value);
 }
 
 bool isPlainSpace(char c) {
@@ -112,7 +124,7 @@ bool readFile(const std::string& path, std::vector<int>& indices, std::vector<do
         if (c <= 32) continue;
         if (c == '"') {
             const char* close = findByte(p, end, '"');
-            indices.push_back(common::textToInt(between(p, close)));
+            indices.push_back(indexFromText(between(p, close)));
             p = close == end ? end : close + 1;
         } else if (c == ':') {
             value.clear();
@@ -143,7 +155,7 @@ bool readFileSimple(const std::string& path, std::vector<int>& indices, std::vec
         }
         const char* lineEnd = findByte(p + 1, end, '\n');
         weights.push_back(common::textToDouble(between(p + 1, lineEnd)));
-        indices.push_back(common::textToInt(between(token, p)));
+        indices.push_back(indexFromText(between(token, p)));
         p = lineEnd == end ? end : lineEnd + 1;
         token = p;
     }

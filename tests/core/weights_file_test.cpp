@@ -90,9 +90,11 @@ TEST(TextNumbersTest, ConvertsLikeTheHostString) {
     };
     for (const Case& c : cases) {
         long long wide = -1;
+        int narrow = -1;
         double value = -1.0;
         EXPECT_EQ(common::parseLong(c.text, wide), c.isLong) << c.text;
-        EXPECT_EQ(common::textToInt(c.text), c.asInt) << c.text;
+        common::parseInt(c.text, narrow);
+        EXPECT_EQ(narrow, c.asInt) << c.text;
         EXPECT_EQ(common::parseDouble(c.text, value), c.isDouble) << c.text;
         EXPECT_EQ(common::textToDouble(c.text), c.asDouble) << c.text;
     }
@@ -151,7 +153,7 @@ TEST_F(WeightsFileTest, JsonReaderIsATolerantScanner) {
                                  {"{\"3\", \"7\": 1}", {{3, 7}, {1}}},
                                  {"{: 0.5\n\"7\": 1}", {{7}, {0.5, 1}}},
                                  {"\"1\": 1 5,", {{1}, {15}}},
-                                 {"\"12.7\": abc\n\"99999999999\": 2", {{12, 0}, {0, 2}}},
+                                 {"\"12.7\": abc\n\"99999999999\": 2", {{12, -1}, {0, 2}}},
                                  {"{\"a\": {\"1\": 2}}", {{0}, {0}}},
                                  {"\"5", {{5}, {}}},
                                  {"hello world {}", {{}, {}}},
