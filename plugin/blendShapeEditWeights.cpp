@@ -545,6 +545,11 @@ bool blendShapeEditWeights::invertWeights() {
 bool blendShapeEditWeights::mirrorWeights() {
     const core::WeightMap map = readAndSaveMap();
     if (map.empty()) return false;
+    // Partners are placed by the original mesh's vertices: without it every weight would be dropped.
+    if (!originalMesh.isValid()) {
+        MGlobal::displayError("The original mesh is not defined.");
+        return false;
+    }
     const MIntArray sources(map.indices.data(), static_cast<unsigned int>(map.size()));
     MIntArray partners;
     if (orderBased) {
@@ -563,7 +568,7 @@ bool blendShapeEditWeights::mirrorWeights() {
             MGlobal::displayWarning(message + " vertices; vertices it does not cover are skipped.");
         }
         partners = common::getMirroredOrderedMeshIndices(orderMesh, sources);
-    } else if (originalMesh.isValid()) {
+    } else {
         partners = common::getMirroredMeshIndices(axis, originalMesh, sources, tolerance);
     }
     const MString countError = common::mirrorCountError(sources.length(), partners.length());
@@ -689,7 +694,7 @@ bool blendShapeEditWeights::exportMap() {
     if (!freezePaintMode) {
         pairs = readMap();
     } else if (useSculptTool) {
-        if (freezePlug.isNull()) {
+        if (freezePlug.isNull() || !freezePlug.isArray()) {
             MGlobal::displayError(blendShapeName + " has no freeze attribute.");
             return false;
         }
@@ -744,7 +749,7 @@ bool blendShapeEditWeights::importWeights() {
         return true;
     }
     if (useSculptTool) {
-        if (freezePlug.isNull()) {
+        if (freezePlug.isNull() || !freezePlug.isArray()) {
             MGlobal::displayError(blendShapeName + " has no freeze attribute.");
             return false;
         }
