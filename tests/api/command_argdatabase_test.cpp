@@ -1,4 +1,5 @@
 // Parsing command words against a syntax: flags, typed arguments, objects and their errors.
+#include "api/command/SyntaxData.h"
 #include "engine/Scene.h"
 
 #include <maya/MAngle.h>
@@ -42,8 +43,9 @@ MArgList words(const std::string& text) {
     while (pos < text.size()) {
         std::size_t end = text.find(' ', pos);
         if (end == std::string::npos) end = text.size();
-        const std::string word = text.substr(pos, end - pos);
-        if (!word.empty()) args.addWord(MString(word[0] == '\'' ? word.substr(1) : word), word[0] == '\'');
+        const std::string_view word = std::string_view(text).substr(pos, end - pos);
+        const bool quoted = !word.empty() && word[0] == '\'';
+        if (!word.empty()) args.addWord(word.substr(quoted ? 1 : 0), quoted);
         pos = end + 1;
     }
     return args;
@@ -211,6 +213,30 @@ TEST_F(ArgDatabaseTest, ReadsTypedArguments) {
     EXPECT_EQ(db.numberOfFlagsUsed(), 7u);
 }
 
+// Uses read one after another into one list, and the parse outliving the words it was given.
+TEST_F(ArgDatabaseTest, ReadsUsesIntoOneListAndOutlivesItsWords) {
+    MStatus status;
+    const MArgDatabase db(testSyntax(), words("-w 1 -w 2.5 -nm 'x -w -3 a"), &status);
+    ASSERT_TRUE(status) << errors();
+    MArgList use;
+    std::vector<double> weights;
+    for (unsigned int i = 0; i < db.numberOfFlagUses("-w"); ++i) {
+        ASSERT_TRUE(db.getFlagArgumentList("-w", i, use));
+        ASSERT_EQ(use.length(), 1u);
+        weights.push_back(use.asDouble(0));
+    }
+    EXPECT_EQ(weights, (std::vector<double>{1, 2.5, -3}));
+    const MArgList kept = use;
+    ASSERT_TRUE(db.getFlagArgumentList("-nm", 0, use));
+    EXPECT_EQ(use.asString(0), "x");
+    EXPECT_FALSE(use.isQuoted(0)); // flag arguments come back as plain values
+    EXPECT_EQ(kept.asDouble(0), -3.0);
+    EXPECT_FALSE(db.getFlagArgumentList("-w", 3, use));
+    MString name;
+    EXPECT_TRUE(db.getFlagArgument("-nm", 0, name));
+    EXPECT_EQ(name, "x");
+}
+
 TEST_F(ArgDatabaseTest, TakesObjectsFromTheSelectionWhenNoneAreGiven) {
     MSelectionList selected;
     selected.add(MString("c"));
@@ -306,6 +332,28 @@ TEST(SyntaxTest, RejectsBadDeclarations) {
     MSyntax copy = syntax;
     EXPECT_TRUE(copy.addFlag("-c", "-charlie"));
     EXPECT_FALSE(syntax.addFlag("-c", "-charlie"));
+}
+
+// The flag index survives flags being added in numbers and -query being taken out again.
+TEST(SyntaxTest, FindsEveryFlagByEitherName) {
+    MSyntax syntax;
+    syntax.enableQuery();
+    for (int i = 0; i < 100; ++i) {
+        const std::string n = std::to_string(i);
+        ASSERT_TRUE(syntax.addFlag(("-f" + n).c_str(), ("-flag" + n).c_str(), MSyntax::kLong));
+    }
+    syntax.enableQuery(false);
+    const host::SyntaxData& data = syntax.data();
+    for (int i = 0; i < 100; ++i) {
+        const std::string n = std::to_string(i);
+        for (const std::string& name : {"-f" + n, "f" + n, "-flag" + n, "flag" + n}) {
+            const int index = data.findFlag(name);
+            ASSERT_GE(index, 0) << name;
+            EXPECT_EQ(data.flags()[static_cast<std::size_t>(index)].longName, "-flag" + n) << name;
+        }
+    }
+    for (const char* unknown : {"", "-", "--f1", "-f100", "-q", "-query", "-fl", "-flag"})
+        EXPECT_LT(data.findFlag(unknown), 0) << unknown;
 }
 
 TEST(ArgListTest, ReadsWords) {

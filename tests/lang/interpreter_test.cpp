@@ -22,6 +22,17 @@ protected:
             for (const auto& token : call.statement.args) log.info(token.text);
             return true;
         });
+        // The same, taking its words in one buffer.
+        commands.add(
+            "sayWords",
+            [this](Invocation& call) {
+                if (!call.statement.args.empty()) return false;
+                const host::WordList& words = *call.statement.words;
+                for (std::size_t i = 0; i < words.size(); ++i)
+                    log.info(std::string(words[i]) + (words.quoted(i) ? " (quoted)" : ""));
+                return true;
+            },
+            host::ArgForm::Words);
         commands.add("fail", [this](Invocation&) {
             log.error("failed");
             return false;
@@ -100,6 +111,8 @@ TEST_F(InterpreterTest, FailuresCarryTheirReason) {
         std::string error;
     } cases[] = {
         {"nope -x 1", "", "Cannot find procedure \"nope\"."},
+        {"nope \"x", "", "Line 1: Unterminated string."},
+        {"sayWords a /* x", "", "Line 1: Unterminated comment."},
         {"throw", "", "Internal error: boom"},
         {"one;\n\"x", "", "Line 2: Unterminated string."},
         {"one;\n/* x", "setup.mel", "setup.mel: Line 2: Unterminated comment."},
@@ -111,6 +124,16 @@ TEST_F(InterpreterTest, FailuresCarryTheirReason) {
         EXPECT_FALSE(outcomes.back().ok) << c.text;
         EXPECT_EQ(texts(outcomes.back().messages), std::vector<std::string>{c.error}) << c.text;
     }
+}
+
+TEST_F(InterpreterTest, CommandsTakeTheirWordsInTheFormTheyAskFor) {
+    const auto outcomes = run("sayWords -a \"b c\" (\"d\" + \"e\") {1,x} \"\"; sayWords; say -a \"b c\"");
+    ASSERT_EQ(outcomes.size(), 3u);
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(texts(outcomes[0].messages), (std::vector<std::string>{"-a", "b c (quoted)", "de (quoted)", "{",
+                                                                     "1", ",", "x", "}", " (quoted)"}));
+    EXPECT_TRUE(outcomes[1].messages.empty());
+    EXPECT_EQ(texts(outcomes[2].messages), (std::vector<std::string>{"-a", "b c"}));
 }
 
 TEST_F(InterpreterTest, ShortensLongStatementsOnCharacterBoundaries) {

@@ -9,21 +9,42 @@ using host::Tokenizer;
 
 namespace {
 
-// Each statement as "command|arg|…", quoted tokens in double quotes (their text unescaped).
-std::vector<std::string> render(std::string_view text, std::string* error = nullptr) {
+std::string renderWord(std::string_view text, bool quoted) {
+    return '|' + (quoted ? '"' + std::string(text) + '"' : std::string(text));
+}
+
+// Each statement as "command|arg|…", quoted tokens in double quotes (their text unescaped), read
+// as tokens or as words in one buffer.
+std::vector<std::string> render(std::string_view text, host::ArgForm form, std::string* error) {
     Tokenizer tokenizer(text);
     Statement statement;
     std::vector<std::string> statements;
-    while (tokenizer.nextStatement(statement)) {
+    while (tokenizer.readCommand(statement) && tokenizer.readArguments(statement, form)) {
         std::string line = statement.command;
-        for (const auto& token : statement.args) {
-            line += '|';
-            line += token.quoted ? '"' + token.text + '"' : token.text;
+        if (form == host::ArgForm::Words) {
+            EXPECT_TRUE(statement.args.empty());
+            for (std::size_t i = 0; i < statement.words->size(); ++i)
+                line += renderWord((*statement.words)[i], statement.words->quoted(i));
+        } else {
+            EXPECT_FALSE(statement.words);
+            for (const auto& token : statement.args) line += renderWord(token.text, token.quoted);
         }
         statements.push_back(line);
     }
     if (error) *error = tokenizer.error();
     return statements;
+}
+
+// Both forms, which must agree.
+std::vector<std::string> render(std::string_view text, std::string* error = nullptr) {
+    std::string wordsError;
+    const std::vector<std::string> words = render(text, host::ArgForm::Words, &wordsError);
+    const std::vector<std::string> tokens = render(text, host::ArgForm::Tokens, error);
+    EXPECT_EQ(words, tokens) << text;
+    if (error) {
+        EXPECT_EQ(wordsError, *error) << text;
+    }
+    return tokens;
 }
 
 struct TokenCase {
@@ -105,6 +126,9 @@ TEST(Tokenizer, MalformedTextStopsWithLineNumber) {
         EXPECT_EQ(tokenizer.error(), c.error) << c.text;
         EXPECT_EQ(tokenizer.statementText(), c.rest) << c.text;
         EXPECT_FALSE(tokenizer.nextStatement(statement)) << "stays stopped: " << c.text;
+        std::string error;
+        render(c.text, &error);
+        EXPECT_EQ(error, c.error) << c.text;
     }
 }
 
@@ -151,6 +175,7 @@ TEST(Tokenizer, RoundTripsRandomTokens) {
             EXPECT_EQ(statement.args[i].text, tokens[i].text) << text;
             EXPECT_EQ(statement.args[i].quoted, tokens[i].quoted) << text;
         }
+        render(text);
     }
 }
 
@@ -175,6 +200,7 @@ TEST(Tokenizer, SurvivesTruncationAndRandomBytes) {
         size_t count = 0;
         while (tokenizer.nextStatement(statement)) ASSERT_LE(++count, text.size());
         host::isComplete(text);
+        render(text);
     }
 }
 

@@ -4,7 +4,12 @@
 #include <maya/MString.h>
 #include <maya/MTypes.h>
 
-#include <vector>
+#include <memory>
+#include <string_view>
+
+namespace host {
+class WordList;
+}
 
 class MArgList {
 public:
@@ -29,11 +34,19 @@ public:
     static const unsigned int kInvalidArgIndex;
 
     // Host access, not part of Maya's interface: never used by plugin code.
+    // The words of a statement, shared with it rather than copied; the first change copies them.
+    explicit MArgList(std::shared_ptr<host::WordList> words);
     // A quoted word is a string value even when it starts with '-'.
-    MArgList& addWord(const MString& word, bool quoted);
-    bool isQuoted(unsigned int index) const { return index < quoted_.size() && quoted_[index]; }
+    MArgList& addWord(std::string_view word, bool quoted);
+    bool isQuoted(unsigned int index) const;
+    // The word at `index`, empty past the end.
+    std::string_view word(unsigned int index) const;
+    // Empties the list, keeping its storage when no other list shares it.
+    void clearWords();
+    // The words to read in place, shared; null for an empty list.
+    std::shared_ptr<const host::WordList> sharedWords() const { return words_; }
 
 private:
-    std::vector<MString> words_;
-    std::vector<bool> quoted_;
+    // Copies shared by several lists are read only.
+    std::shared_ptr<host::WordList> words_;
 };

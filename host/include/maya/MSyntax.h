@@ -8,7 +8,7 @@
 #include <memory>
 
 namespace host {
-struct SyntaxData;
+class SyntaxData;
 }
 
 class MSyntax {

@@ -58,16 +58,17 @@ bool Interpreter::run(std::string_view text, const std::string& sourceName,
     MessageCollector collector(log_);
     Tokenizer tokenizer(text);
     Statement statement;
+    const CommandEntry* entry = nullptr;
     bool allOk = true;
     for (;;) {
         Outcome outcome;
         collector.sink = &outcome.messages;
-        const bool read = tokenizer.nextStatement(statement);
+        const bool read = readStatement(tokenizer, statement, entry);
         if (!read && tokenizer.error().empty()) break;
         outcome.command = shortened(tokenizer.statementText());
         if (read) {
             outcome.line = statement.line;
-            outcome.ok = invoke(statement, outcome.result);
+            outcome.ok = invoke(statement, entry, outcome.result);
         } else {
             log_.error(sourceName.empty() ? tokenizer.error() : sourceName + ": " + tokenizer.error());
             outcome.ok = false;
@@ -86,8 +87,9 @@ bool Interpreter::execute(std::string_view text, CommandResult& result) {
     DepthGuard depth(depth_);
     Tokenizer tokenizer(text);
     Statement statement;
-    while (tokenizer.nextStatement(statement)) {
-        if (!invoke(statement, result)) return false;
+    const CommandEntry* entry = nullptr;
+    while (readStatement(tokenizer, statement, entry)) {
+        if (!invoke(statement, entry, result)) return false;
     }
     if (tokenizer.error().empty()) return true;
     log_.error(tokenizer.error());
@@ -100,14 +102,21 @@ bool Interpreter::tooDeep() {
     return true;
 }
 
-bool Interpreter::invoke(const Statement& statement, CommandResult& result) {
-    const CommandHandler* found = commands_.find(statement.command);
-    if (!found) {
+bool Interpreter::readStatement(Tokenizer& tokenizer, Statement& statement,
+                                const CommandEntry*& entry) const {
+    if (!tokenizer.readCommand(statement)) return false;
+    entry = commands_.entry(statement.command);
+    // The words of an unknown command are only skipped: one buffer costs least.
+    return tokenizer.readArguments(statement, entry ? entry->form : ArgForm::Words);
+}
+
+bool Interpreter::invoke(const Statement& statement, const CommandEntry* entry, CommandResult& result) {
+    if (!entry) {
         log_.error("Cannot find procedure \"" + statement.command + "\".");
         return false;
     }
     // A copy: the command may remove itself from the table while it runs.
-    const CommandHandler handler = *found;
+    const CommandHandler handler = entry->handler;
     Invocation invocation{statement, {}};
     bool ok = false;
     try {

@@ -11,6 +11,8 @@
 
 namespace host {
 
+class Tokenizer;
+
 // What one top-level statement did.
 struct Outcome {
     std::string command; // the statement as typed, trimmed, without ';', shortened when very long
@@ -44,7 +46,10 @@ public:
 
 private:
     bool tooDeep();
-    bool invoke(const Statement& statement, CommandResult& result);
+    // Reads the next statement, its words in the form its command takes, which `entry` is set to
+    // (null for an unknown command).
+    bool readStatement(Tokenizer& tokenizer, Statement& statement, const CommandEntry*& entry) const;
+    bool invoke(const Statement& statement, const CommandEntry* entry, CommandResult& result);
 
     CommandTable& commands_;
     MessageLog& log_;

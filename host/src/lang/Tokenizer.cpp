@@ -2,98 +2,172 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 
 namespace host {
 
 namespace {
 
-bool isBlank(char c) {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v';
+constexpr std::array<bool, 256> charTable(std::string_view members) {
+    std::array<bool, 256> table{};
+    for (char c : members) table[static_cast<unsigned char>(c)] = true;
+    return table;
 }
 
-// Characters that end a word; '/' ends one only where a comment starts.
-constexpr std::array<bool, 256> makeWordEnds() {
-    std::array<bool, 256> ends{};
-    for (unsigned char c : {' ', '\t', '\n', '\r', '\f', '\v', ';', '"', '{', '}', ','}) ends[c] = true;
-    return ends;
+constexpr std::array<bool, 256> blanks = charTable(" \t\n\r\f\v");
+// Characters that end a word, and '/', which ends one only where a comment starts.
+constexpr std::array<bool, 256> wordStops = charTable(" \t\n\r\f\v;\"{},/");
+// First characters of the tokens that are not plain words: strings, concatenations, brace lists.
+constexpr std::array<bool, 256> startsSpecialToken = charTable("\"({},");
+
+bool isBlank(char c) {
+    return blanks[static_cast<unsigned char>(c)];
 }
-constexpr std::array<bool, 256> wordEnds = makeWordEnds();
 
 std::string_view trimEnd(std::string_view text) {
     while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
     return text;
 }
 
+// Where the words after the command go: one token each, or one shared buffer.
+class TokenSink {
+public:
+    explicit TokenSink(std::vector<Token>& tokens) : tokens_(tokens) {}
+    std::string& open() { return tokens_.emplace_back().text; }
+    void close(bool quoted) { tokens_.back().quoted = quoted; }
+    void add(std::string_view word) { tokens_.emplace_back().text.assign(word); }
+
+private:
+    std::vector<Token>& tokens_;
+};
+
+class WordSink {
+public:
+    explicit WordSink(WordList& words) : words_(words) {}
+    std::string& open() { return words_.chars(); }
+    void close(bool quoted) { words_.endWord(quoted); }
+    void add(std::string_view word) { words_.add(word, false); }
+
+private:
+    WordList& words_;
+};
+
 } // namespace
 
+// Inline, and on copies of pos_ and line_ (which writing characters elsewhere could change, as far
+// as the compiler knows): it runs between any two words.
+inline bool Tokenizer::skipBlanksAndComments() {
+    const char* const data = text_.data();
+    const size_t size = text_.size();
+    size_t pos = pos_;
+    int line = line_;
+    for (;;) {
+        for (; pos < size && blanks[static_cast<unsigned char>(data[pos])]; ++pos) {
+            if (data[pos] == '\n') ++line;
+        }
+        if (pos + 1 >= size || data[pos] != '/' || (data[pos + 1] != '/' && data[pos + 1] != '*')) break;
+        pos_ = pos;
+        line_ = line;
+        if (!skipComment()) return false;
+        pos = pos_;
+        line = line_;
+    }
+    pos_ = pos;
+    line_ = line;
+    return true;
+}
+
+bool Tokenizer::skipComment() {
+    if (text_[pos_ + 1] == '/') {
+        pos_ = std::min(text_.find('\n', pos_), text_.size());
+        return true;
+    }
+    openPos_ = pos_;
+    openLine_ = line_;
+    const size_t end = text_.find("*/", pos_ + 2);
+    if (end == std::string_view::npos) return false;
+    line_ += static_cast<int>(std::count(text_.begin() + pos_, text_.begin() + end, '\n'));
+    pos_ = end + 2;
+    return true;
+}
+
+inline size_t Tokenizer::wordEnd(size_t pos) const {
+    const char* const data = text_.data();
+    const size_t size = text_.size();
+    for (;;) {
+        while (pos < size && !wordStops[static_cast<unsigned char>(data[pos])]) ++pos;
+        // A '/' that starts no comment belongs to the word.
+        const bool slash = pos < size && data[pos] == '/';
+        if (!slash || (pos + 1 < size && (data[pos + 1] == '/' || data[pos + 1] == '*'))) return pos;
+        ++pos;
+    }
+}
+
 bool Tokenizer::nextStatement(Statement& statement) {
+    return readCommand(statement) && readArguments(statement, ArgForm::Tokens);
+}
+
+bool Tokenizer::readCommand(Statement& statement) {
     statement.command.clear();
     statement.args.clear();
+    statement.words.reset();
     terminated_ = false;
     if (!error_.empty()) return false;
-    constexpr size_t none = std::string_view::npos;
-    size_t start = none;
     for (;;) {
-        if (!skipBlanksAndComments()) return fail("Unterminated comment.", start);
+        if (!skipBlanksAndComments()) return fail("Unterminated comment.", std::string_view::npos);
+        if (pos_ == text_.size()) return false;
+        if (text_[pos_] != ';') break;
+        ++pos_; // an empty statement
+    }
+    start_ = pos_;
+    statement.line = line_;
+    bool quoted = false;
+    return readToken(statement.command, quoted) || fail("Unterminated string.", start_);
+}
+
+bool Tokenizer::readArguments(Statement& statement, ArgForm form) {
+    if (form == ArgForm::Tokens) {
+        TokenSink sink(statement.args);
+        return readArgumentsInto(sink);
+    }
+    // A new buffer each time: a command may still hold the previous statement's words.
+    statement.words = std::make_shared<WordList>();
+    WordSink sink(*statement.words);
+    return readArgumentsInto(sink);
+}
+
+template <class Sink> bool Tokenizer::readArgumentsInto(Sink& sink) {
+    for (;;) {
+        if (!skipBlanksAndComments()) return fail("Unterminated comment.", start_);
         if (pos_ == text_.size()) {
-            if (start == none) return false;
-            statementText_ = trimEnd(text_.substr(start));
+            statementText_ = trimEnd(text_.substr(start_));
             return true;
         }
         if (text_[pos_] == ';') {
             ++pos_;
-            if (start == none) continue; // an empty statement
-            statementText_ = trimEnd(text_.substr(start, pos_ - 1 - start));
+            statementText_ = trimEnd(text_.substr(start_, pos_ - 1 - start_));
             terminated_ = true;
             return true;
         }
+        if (!startsSpecialToken[static_cast<unsigned char>(text_[pos_])]) {
+            // A plain word, by far the most common token.
+            const size_t begin = pos_;
+            pos_ = wordEnd(begin);
+            sink.add(text_.substr(begin, pos_ - begin));
+            continue;
+        }
         bool quoted = false;
-        if (start == none) {
-            start = pos_;
-            statement.line = line_;
-            if (!readToken(statement.command, quoted)) return fail("Unterminated string.", start);
-        } else {
-            Token& token = statement.args.emplace_back();
-            if (!readToken(token.text, token.quoted)) return fail("Unterminated string.", start);
-        }
+        if (!readToken(sink.open(), quoted)) return fail("Unterminated string.", start_);
+        sink.close(quoted);
     }
-}
-
-bool Tokenizer::skipBlanksAndComments() {
-    const size_t size = text_.size();
-    while (pos_ < size) {
-        const char c = text_[pos_];
-        const char next = pos_ + 1 < size ? text_[pos_ + 1] : '\0';
-        if (c == '\n') {
-            ++line_;
-            ++pos_;
-        } else if (isBlank(c)) {
-            ++pos_;
-        } else if (c == '/' && next == '/') {
-            pos_ = std::min(text_.find('\n', pos_), size);
-        } else if (c == '/' && next == '*') {
-            openPos_ = pos_;
-            openLine_ = line_;
-            const size_t end = text_.find("*/", pos_ + 2);
-            if (end == std::string_view::npos) return false;
-            line_ += static_cast<int>(std::count(text_.begin() + pos_, text_.begin() + end, '\n'));
-            pos_ = end + 2;
-        } else {
-            return true;
-        }
-    }
-    return true;
 }
 
 bool Tokenizer::readToken(std::string& out, bool& quoted) {
     const char c = text_[pos_];
     quoted = c == '"';
-    if (quoted) {
-        out.clear();
-        return readString(out);
-    }
+    if (quoted) return readString(out);
     if (c == '{' || c == '}' || c == ',') {
-        out.assign(1, c);
+        out += c;
         ++pos_;
         return true;
     }
@@ -156,7 +230,7 @@ bool Tokenizer::readString(std::string& out) {
 bool Tokenizer::readConcatenation(std::string& out) {
     const size_t savedPos = pos_;
     const int savedLine = line_;
-    out.clear();
+    const size_t savedSize = out.size();
     ++pos_;
     for (;;) {
         if (!skipBlanksAndComments() || pos_ == text_.size() || text_[pos_] != '"' || !readString(out) ||
@@ -168,19 +242,14 @@ bool Tokenizer::readConcatenation(std::string& out) {
     }
     pos_ = savedPos;
     line_ = savedLine;
+    out.resize(savedSize);
     return false;
 }
 
 void Tokenizer::readWord(std::string& out) {
-    const size_t size = text_.size();
     const size_t begin = pos_;
-    while (pos_ < size) {
-        const unsigned char c = static_cast<unsigned char>(text_[pos_]);
-        if (wordEnds[c]) break;
-        if (c == '/' && pos_ + 1 < size && (text_[pos_ + 1] == '/' || text_[pos_ + 1] == '*')) break;
-        ++pos_;
-    }
-    out.assign(text_.data() + begin, pos_ - begin);
+    pos_ = wordEnd(begin);
+    out.append(text_.data() + begin, pos_ - begin);
 }
 
 bool Tokenizer::fail(const char* what, size_t from) {
@@ -194,7 +263,8 @@ bool isComplete(std::string_view text) {
     Tokenizer tokenizer(text);
     Statement statement;
     bool closed = true;
-    while (tokenizer.nextStatement(statement)) closed = tokenizer.terminated();
+    while (tokenizer.readCommand(statement) && tokenizer.readArguments(statement, ArgForm::Words))
+        closed = tokenizer.terminated();
     return closed && tokenizer.error().empty();
 }
 

@@ -17,9 +17,15 @@ class Tokenizer {
 public:
     explicit Tokenizer(std::string_view text) : text_(text) {}
 
-    // Reads the next statement into `statement`, reusing its storage. False at the end of the text,
-    // and on malformed text: then error() tells why and the rest of the text is not read.
+    // Reads the next statement into `statement`, reusing its storage, with its words as tokens.
+    // False at the end of the text, and on malformed text: then error() tells why and the rest of
+    // the text is not read.
     bool nextStatement(Statement& statement);
+
+    // The same in two steps, so that the command word can choose the form of the rest: reads the
+    // command word (false as above), then the words after it (false on malformed text).
+    bool readCommand(Statement& statement);
+    bool readArguments(Statement& statement, ArgForm form);
 
     // "Line 3: Unterminated string." after malformed text, empty otherwise.
     const std::string& error() const { return error_; }
@@ -30,16 +36,24 @@ public:
     bool terminated() const { return terminated_; }
 
 private:
+    template <class Sink> bool readArgumentsInto(Sink& sink);
     bool skipBlanksAndComments();
+    // Skips the comment at pos_; false when it is never closed.
+    bool skipComment();
+    // These append what they read to `out`.
     bool readToken(std::string& out, bool& quoted);
     bool readString(std::string& out);
     bool readConcatenation(std::string& out);
     void readWord(std::string& out);
+    // Where the word starting at `pos` ends.
+    size_t wordEnd(size_t pos) const;
     bool fail(const char* what, size_t from);
 
     std::string_view text_;
     size_t pos_ = 0;
     int line_ = 1;
+    // Where the statement being read began.
+    size_t start_ = 0;
     // Where the construct that ran off the end of the text began.
     size_t openPos_ = 0;
     int openLine_ = 0;

@@ -7,7 +7,7 @@ namespace host {
 const FlagUse* ParsedArgs::use(const char* flag, unsigned int i) const {
     const int index = flag ? syntax.findFlag(flag) : -1;
     if (index < 0 || static_cast<std::size_t>(index) >= usesOfFlag.size()) return nullptr;
-    const std::vector<std::size_t>& positions = usesOfFlag[static_cast<std::size_t>(index)];
+    const std::vector<unsigned int>& positions = usesOfFlag[static_cast<std::size_t>(index)];
     return i < positions.size() ? &uses[positions[i]] : nullptr;
 }
 
@@ -17,98 +17,112 @@ unsigned int ParsedArgs::useCount(const char* flag) const {
     return static_cast<unsigned int>(usesOfFlag[static_cast<std::size_t>(index)].size());
 }
 
-const std::string* ParsedArgs::argument(const char* flag, unsigned int index) const {
+bool ParsedArgs::argument(const char* flag, unsigned int index, std::string_view& word) const {
     const FlagUse* first = use(flag, 0);
-    return first && index < first->words.size() ? &first->words[index] : nullptr;
+    if (!first || index >= first->wordCount) return false;
+    word = (*words)[first->firstWord + index];
+    return true;
 }
 
 namespace {
 
 class Parser {
 public:
-    Parser(const SyntaxData& syntax, const MArgList& args) : args_(args), count_(args.length()) {
+    Parser(const SyntaxData& syntax, const MArgList& args)
+        : words_(wordsOf(args)), count_(static_cast<unsigned int>(words_->size())) {
         result_->syntax = syntax;
+        result_->words = words_;
+        result_->usesOfFlag.resize(syntax.flags().size());
     }
 
     std::shared_ptr<const ParsedArgs> run() {
-        queryMode_ = syntax().findFlag(kQueryLong) >= 0 && (findWord(kQueryShort) || findWord(kQueryLong));
+        queryMode_ = syntax().findFlag(kQueryLong) >= 0 && hasQueryFlag();
+        // A use per word at most: reserved once rather than grown through copies.
+        result_->uses.reserve(count_);
         unsigned int i = 0;
         while (i < count_ && isFlag(i)) {
             if (!readFlag(i)) return nullptr;
         }
+        result_->firstObject = i;
         for (; i < count_; ++i) {
             if (isFlag(i)) {
-                fail("Flags must come before objects: " + word(i));
+                fail("Flags must come before objects: " + std::string(word(i)));
                 return nullptr;
             }
-            result_->objectWords.push_back(word(i));
         }
         return readObjects() ? std::move(result_) : nullptr;
     }
 
 private:
+    static std::shared_ptr<const WordList> wordsOf(const MArgList& args) {
+        std::shared_ptr<const WordList> words = args.sharedWords();
+        return words ? words : std::make_shared<const WordList>();
+    }
+
     const SyntaxData& syntax() const { return result_->syntax; }
-    std::string word(unsigned int i) const { return args_.asString(i).str(); }
+    std::string_view word(unsigned int i) const { return (*words_)[i]; }
 
     // Unquoted words that start with '-' are flags, unless they are negative numbers.
     bool isFlag(unsigned int i) const {
-        if (args_.isQuoted(i)) return false;
-        const std::string text = word(i);
+        if (words_->quoted(i)) return false;
+        const std::string_view text = word(i);
         return text.size() > 1 && text[0] == '-' && !isNegativeNumber(text);
     }
 
-    bool findWord(const char* text) const {
+    // -q or -query anywhere, even among the arguments of other flags.
+    bool hasQueryFlag() const {
         for (unsigned int i = 0; i < count_; ++i) {
-            if (isFlag(i) && word(i) == text) return true;
+            if (!words_->quoted(i) && (word(i) == kQueryShort || word(i) == kQueryLong)) return true;
         }
         return false;
     }
 
     // Reads the flag at `i` and its arguments (none in query mode), advancing `i` past them.
     bool readFlag(unsigned int& i) {
-        const std::string typed = word(i++);
+        const std::string_view typed = word(i++);
         const int index = syntax().findFlag(typed);
-        if (index < 0) return fail("Invalid flag: " + typed);
-        const SyntaxFlag& flag = syntax().flags[static_cast<std::size_t>(index)];
-        FlagUse use{static_cast<std::size_t>(index), {}};
-        for (std::size_t k = 0; k < flag.argTypes.size() && !queryMode_; ++k, ++i) {
+        if (index < 0) return fail("Invalid flag: " + std::string(typed));
+        const SyntaxFlag& flag = syntax().flags()[static_cast<std::size_t>(index)];
+        const FlagUse use{static_cast<unsigned int>(index), i,
+                          queryMode_ ? 0u : static_cast<unsigned int>(flag.argTypes.size())};
+        for (unsigned int k = 0; k < use.wordCount; ++k, ++i) {
             const MSyntax::MArgType type = flag.argTypes[k];
             if (i >= count_ || isFlag(i)) {
-                return fail("Flag '" + typed + "' must be passed " + typeDescription(type) + " argument.");
+                return fail("Flag '" + std::string(typed) + "' must be passed " + typeDescription(type) +
+                            " argument.");
             }
-            const std::string value = word(i);
+            const std::string_view value = word(i);
             if (!wordFitsType(value, type)) {
-                return fail("Invalid argument for flag " + typed + ": '" + value + "'.");
+                return fail("Invalid argument for flag " + std::string(typed) + ": '" + std::string(value) +
+                            "'.");
             }
-            if (type == MSyntax::kSelectionItem && !MSelectionList().add(MString(value))) {
-                return fail("No object matches name: " + value);
+            if (type == MSyntax::kSelectionItem && !MSelectionList().add(wordString(value))) {
+                return fail("No object matches name: " + std::string(value));
             }
-            use.words.push_back(value);
         }
-        record(std::move(use), flag.multiUse);
+        record(use, flag.multiUse);
         return true;
     }
 
-    void record(FlagUse use, bool multiUse) {
-        std::vector<std::vector<std::size_t>>& usesOfFlag = result_->usesOfFlag;
-        usesOfFlag.resize(syntax().flags.size());
-        std::vector<std::size_t>& positions = usesOfFlag[use.flag];
+    void record(const FlagUse& use, bool multiUse) {
+        std::vector<unsigned int>& positions = result_->usesOfFlag[use.flag];
         if (!multiUse && !positions.empty()) {
-            result_->uses[positions.front()].words = std::move(use.words);
+            result_->uses[positions.front()] = use;
             return;
         }
-        positions.push_back(result_->uses.size());
-        result_->uses.push_back(std::move(use));
+        positions.push_back(static_cast<unsigned int>(result_->uses.size()));
+        result_->uses.push_back(use);
     }
 
     bool readObjects() {
         ParsedArgs& parsed = *result_;
         const bool selectionList = syntax().objectFormat == MSyntax::kSelectionList;
         if (selectionList) {
-            for (const std::string& name : parsed.objectWords) {
-                if (!parsed.objects.add(MString(name))) return fail("No object matches name: " + name);
+            for (unsigned int i = 0; i < parsed.objectCount(); ++i) {
+                if (!parsed.objects.add(wordString(parsed.object(i))))
+                    return fail("No object matches name: " + std::string(parsed.object(i)));
             }
-            if (parsed.objectWords.empty() && syntax().selectionAsDefault) {
+            if (parsed.objectCount() == 0 && syntax().selectionAsDefault) {
                 parsed.objects.items() = scene().activeSelection();
                 parsed.objectsFromSelection = true;
             }
@@ -117,7 +131,7 @@ private:
         const unsigned int maximum = takesObjects ? syntax().maxObjects : 0;
         const unsigned int minimum = takesObjects ? syntax().minObjects : 0;
         const std::size_t found =
-            parsed.objectsFromSelection ? parsed.objects.length() : parsed.objectWords.size();
+            parsed.objectsFromSelection ? parsed.objects.length() : parsed.objectCount();
         if (found < minimum) {
             return fail("Not enough objects or values: expected at least " + std::to_string(minimum) +
                         ", found " + std::to_string(found) + ".");
@@ -135,7 +149,7 @@ private:
         return false;
     }
 
-    const MArgList& args_;
+    const std::shared_ptr<const WordList> words_;
     const unsigned int count_;
     std::shared_ptr<ParsedArgs> result_ = std::make_shared<ParsedArgs>();
     bool queryMode_ = false;

@@ -1,6 +1,7 @@
 #include <maya/MArgDatabase.h>
 
 #include "api/command/ParsedArgs.h"
+#include "api/command/WordValue.h"
 
 #include <maya/MSelectionList.h>
 #include <maya/MStringArray.h>
@@ -16,9 +17,9 @@ MArgDatabase::~MArgDatabase() = default;
 
 // Adds the object the argument names to `result`.
 MStatus MArgDatabase::getFlagArgument(const char* flag, unsigned int index, MSelectionList& result) const {
-    const std::string* word = parsed() ? parsed()->argument(flag, index) : nullptr;
-    if (!word) return MS::kFailure;
-    return result.add(MString(*word));
+    std::string_view word;
+    if (!parsed() || !parsed()->argument(flag, index, word)) return MS::kFailure;
+    return result.add(host::wordString(word));
 }
 
 MStatus MArgDatabase::getFlagArgument(const char* flag, unsigned int index, bool& result) const {
@@ -63,8 +64,8 @@ MStatus MArgDatabase::getObjects(MSelectionList& result) const {
     }
     // String objects are resolved now; a name that matches nothing fails.
     MSelectionList resolved;
-    for (const std::string& word : args->objectWords) {
-        if (!resolved.add(MString(word))) return MS::kInvalidParameter;
+    for (unsigned int i = 0; i < args->objectCount(); ++i) {
+        if (!resolved.add(host::wordString(args->object(i)))) return MS::kInvalidParameter;
     }
     result = resolved;
     return MS::kSuccess;

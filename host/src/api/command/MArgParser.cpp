@@ -15,10 +15,10 @@ namespace {
 template <class T, class Convert>
 MStatus readArgument(const host::ParsedArgs* parsed, const char* flag, unsigned int index, T& result,
                      Convert convert) {
-    const std::string* word = parsed ? parsed->argument(flag, index) : nullptr;
-    if (!word) return MS::kFailure;
+    std::string_view word;
+    if (!parsed || !parsed->argument(flag, index, word)) return MS::kFailure;
     T value{};
-    if (!convert(*word, value)) return MS::kInvalidParameter;
+    if (!convert(word, value)) return MS::kInvalidParameter;
     result = value;
     return MS::kSuccess;
 }
@@ -75,8 +75,8 @@ MStatus MArgParser::getFlagArgument(const char* flag, unsigned int index, double
 }
 
 MStatus MArgParser::getFlagArgument(const char* flag, unsigned int index, MString& result) const {
-    return readArgument(parsed(), flag, index, result, [](const std::string& word, MString& value) {
-        value = MString(word);
+    return readArgument(parsed(), flag, index, result, [](std::string_view word, MString& value) {
+        value.str() = word;
         return true;
     });
 }
@@ -111,8 +111,10 @@ MStatus MArgParser::getFlagArgument(const char* flag, unsigned int index, MTime&
 MStatus MArgParser::getFlagArgumentList(const char* flag, unsigned int i, MArgList& args) const {
     const host::FlagUse* use = parsed_ ? parsed_->use(flag, i) : nullptr;
     if (!use) return MS::kFailure;
-    args = MArgList();
-    for (const std::string& word : use->words) args.addWord(MString(word), false);
+    // Refilled in place: commands read thousands of uses into one list.
+    args.clearWords();
+    for (unsigned int k = 0; k < use->wordCount; ++k)
+        args.addWord((*parsed_->words)[use->firstWord + k], false);
     return MS::kSuccess;
 }
 
@@ -120,6 +122,7 @@ MStatus MArgParser::getObjects(MStringArray& result) const {
     if (!parsed_) return MS::kFailure;
     result.clear();
     if (parsed_->objectsFromSelection) return parsed_->objects.getSelectionStrings(result);
-    for (const std::string& word : parsed_->objectWords) result.append(MString(word));
+    for (unsigned int i = 0; i < parsed_->objectCount(); ++i)
+        result.append(host::wordString(parsed_->object(i)));
     return MS::kSuccess;
 }

@@ -15,7 +15,7 @@ void setStatus(MStatus* status) {
 
 MStatus addCommand(const MString& name, host::CommandHandler handler, bool context) {
     if (name.length() == 0) return MS::kInvalidParameter;
-    if (!host::commandTable().add(name.str(), std::move(handler))) return MS::kFailure;
+    if (!host::commandTable().add(name.str(), std::move(handler), host::ArgForm::Words)) return MS::kFailure;
     host::talvenPlugin().commands[name.str()] = context;
     return MS::kSuccess;
 }

@@ -2,25 +2,6 @@
 
 #include "api/command/SyntaxData.h"
 
-namespace host {
-
-std::string dashed(std::string_view name) {
-    std::string text(name);
-    if (text.empty() || text[0] != '-') text.insert(text.begin(), '-');
-    return text;
-}
-
-int SyntaxData::findFlag(std::string_view name) const {
-    if (name.empty()) return -1;
-    const std::string wanted = dashed(name);
-    for (std::size_t i = 0; i < flags.size(); ++i) {
-        if (flags[i].shortName == wanted || flags[i].longName == wanted) return static_cast<int>(i);
-    }
-    return -1;
-}
-
-} // namespace host
-
 namespace {
 
 bool validName(const char* name) {
@@ -30,9 +11,8 @@ bool validName(const char* name) {
 // Adds or removes one of the built-in no-argument flags (-query, -edit).
 void setModeFlag(host::SyntaxData& data, const char* shortName, const char* longName, bool on) {
     const int index = data.findFlag(longName);
-    if (on && index < 0 && data.findFlag(shortName) < 0)
-        data.flags.push_back({shortName, longName, {}, false});
-    if (!on && index >= 0) data.flags.erase(data.flags.begin() + index);
+    if (on && index < 0 && data.findFlag(shortName) < 0) data.addFlag({shortName, longName, {}, false});
+    if (!on && index >= 0) data.removeFlag(static_cast<std::size_t>(index));
 }
 
 } // namespace
@@ -52,14 +32,14 @@ MStatus MSyntax::addFlag(const char* shortName, const char* longName, MArgType a
         if (type <= kInvalidArgType || type >= kLastArgType) return MS::kInvalidParameter;
         flag.argTypes.push_back(type);
     }
-    data_->flags.push_back(std::move(flag));
+    data_->addFlag(std::move(flag));
     return MS::kSuccess;
 }
 
 MStatus MSyntax::makeFlagMultiUse(const char* flag) {
     const int index = flag ? data_->findFlag(flag) : -1;
     if (index < 0) return MS::kInvalidParameter;
-    data_->flags[static_cast<std::size_t>(index)].multiUse = true;
+    data_->setMultiUse(static_cast<std::size_t>(index));
     return MS::kSuccess;
 }
 

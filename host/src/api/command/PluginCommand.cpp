@@ -30,14 +30,15 @@ bool runCommand(MCreatorFunction creator, const MSyntax& syntax, Invocation& cal
     }
     command->setSyntax(syntax);
     command->setCommandString(MString(call.statement.command));
+    const MArgList args = argListOf(call.statement);
     MStatus status;
     {
         ResultFrame frame(call.result);
-        status = command->doIt(argListOf(call.statement));
+        status = command->doIt(args);
     }
     if (status != MS::kSuccess) return false;
     if (command->isUndoable()) {
-        scene().undoQueue().push({commandTextOf(call.statement),
+        scene().undoQueue().push({commandTextOf(call.statement.command, args),
                                   [command] { return replay(*command, &MPxCommand::undoIt); },
                                   [command] { return replay(*command, &MPxCommand::redoIt); }});
     }

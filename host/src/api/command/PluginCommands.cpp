@@ -88,8 +88,8 @@ bool pluginInfo(Invocation& call) {
 } // namespace
 
 void registerPluginCommands(CommandTable& table) {
-    table.add("loadPlugin", loadPlugin);
-    table.add("pluginInfo", pluginInfo);
+    table.add("loadPlugin", loadPlugin, ArgForm::Words);
+    table.add("pluginInfo", pluginInfo, ArgForm::Words);
 }
 
 } // namespace host

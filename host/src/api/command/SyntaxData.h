@@ -4,6 +4,7 @@
 #include <maya/MSyntax.h>
 
 #include <climits>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,16 +18,37 @@ struct SyntaxFlag {
     bool multiUse = false;
 };
 
-struct SyntaxData {
-    std::vector<SyntaxFlag> flags;
+class SyntaxData {
+public:
     MSyntax::MObjectFormat objectFormat = MSyntax::kNone;
     unsigned int minObjects = 0;
     unsigned int maxObjects = UINT_MAX;
     bool selectionAsDefault = false;
 
-    // Index into `flags` of the flag named by its short or long name (the '-' may be left off),
-    // or -1.
+    const std::vector<SyntaxFlag>& flags() const { return flags_; }
+    void addFlag(SyntaxFlag flag);
+    void removeFlag(std::size_t index);
+    void setMultiUse(std::size_t index) { flags_[index].multiUse = true; }
+
+    // Index into flags() of the flag named by its short or long name (the '-' may be left off),
+    // or -1. Constant time: parsing looks up every flag word of a command.
     int findFlag(std::string_view name) const;
+
+private:
+    // A name of a flag in the index, as a piece of names_; flag -1 marks a free slot.
+    struct Slot {
+        int flag = -1;
+        std::uint32_t nameStart = 0;
+        std::uint32_t nameSize = 0;
+    };
+
+    void rebuildIndex();
+
+    std::vector<SyntaxFlag> flags_;
+    // Open addressing by the names without their '-', which lie back to back in names_: at least
+    // four slots per name, a power of two in all.
+    std::vector<Slot> slots_;
+    std::string names_;
 };
 
 // "-x" for "x" and "-x".

@@ -35,8 +35,10 @@ bool step(Invocation& call, bool backwards) {
 } // namespace
 
 void registerUndoCommands(CommandTable& table) {
-    table.add("undo", [](Invocation& call) { return step(call, true); });
-    table.add("redo", [](Invocation& call) { return step(call, false); });
+    table.add(
+        "undo", [](Invocation& call) { return step(call, true); }, ArgForm::Words);
+    table.add(
+        "redo", [](Invocation& call) { return step(call, false); }, ArgForm::Words);
 }
 
 } // namespace host

@@ -1,24 +1,49 @@
 #include "api/command/WordValue.h"
 
-#include <maya/MString.h>
+#include "api/command/PlainNumber.h"
+#include "core/common/TextNumbers.h"
 
-#include <algorithm>
 #include <cctype>
 #include <cmath>
+#include <limits>
 
 namespace host {
 
-bool parseBoolWord(const std::string& word, bool& value) {
-    std::string lower = word;
-    std::transform(lower.begin(), lower.end(), lower.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    if (lower == "on" || lower == "true" || lower == "yes") {
-        value = true;
-        return true;
+namespace {
+
+bool equalsIgnoringCase(std::string_view word, std::string_view lower) {
+    if (word.size() != lower.size()) return false;
+    for (std::size_t i = 0; i < word.size(); ++i) {
+        if (std::tolower(static_cast<unsigned char>(word[i])) != lower[i]) return false;
     }
-    if (lower == "off" || lower == "false" || lower == "no") {
-        value = false;
-        return true;
+    return true;
+}
+
+// An integer as MString reads it: strtoll's whole-word value.
+bool parseLongWord(std::string_view word, long long& value) {
+    return readPlainInteger(word, value) || common::parseLong(word, value);
+}
+
+} // namespace
+
+MString wordString(std::string_view word) {
+    MString text;
+    text.str() = word;
+    return text;
+}
+
+bool parseBoolWord(std::string_view word, bool& value) {
+    for (const char* yes : {"on", "true", "yes"}) {
+        if (equalsIgnoringCase(word, yes)) {
+            value = true;
+            return true;
+        }
+    }
+    for (const char* no : {"off", "false", "no"}) {
+        if (equalsIgnoringCase(word, no)) {
+            value = false;
+            return true;
+        }
     }
     int number = 0;
     if (!parseIntWord(word, number)) return false;
@@ -26,31 +51,32 @@ bool parseBoolWord(const std::string& word, bool& value) {
     return true;
 }
 
-bool parseIntWord(const std::string& word, int& value) {
-    MStatus status;
-    const int parsed = MString(word).asInt(&status);
-    if (!status) return false;
+bool parseIntWord(std::string_view word, int& value) {
+    long long wide = 0;
+    if (!parseLongWord(word, wide) || wide < std::numeric_limits<int>::min() ||
+        wide > std::numeric_limits<int>::max())
+        return false;
+    value = static_cast<int>(wide);
+    return true;
+}
+
+bool parseUnsignedWord(std::string_view word, unsigned int& value) {
+    long long wide = 0;
+    if (!parseLongWord(word, wide) || wide < 0 || wide > std::numeric_limits<unsigned int>::max())
+        return false;
+    value = static_cast<unsigned int>(wide);
+    return true;
+}
+
+bool parseDoubleWord(std::string_view word, double& value) {
+    double parsed = 0;
+    if (!readPlainDouble(word, parsed) && !common::parseDouble(word, parsed)) return false;
+    if (!std::isfinite(parsed)) return false;
     value = parsed;
     return true;
 }
 
-bool parseUnsignedWord(const std::string& word, unsigned int& value) {
-    MStatus status;
-    const unsigned int parsed = MString(word).asUnsigned(&status);
-    if (!status) return false;
-    value = parsed;
-    return true;
-}
-
-bool parseDoubleWord(const std::string& word, double& value) {
-    MStatus status;
-    const double parsed = MString(word).asDouble(&status);
-    if (!status || !std::isfinite(parsed)) return false;
-    value = parsed;
-    return true;
-}
-
-bool isNegativeNumber(const std::string& word) {
+bool isNegativeNumber(std::string_view word) {
     if (word.size() < 2 || word[0] != '-') return false;
     const bool digitFirst =
         std::isdigit(static_cast<unsigned char>(word[1])) ||
@@ -59,7 +85,7 @@ bool isNegativeNumber(const std::string& word) {
     return digitFirst && parseDoubleWord(word, value);
 }
 
-bool wordFitsType(const std::string& word, MSyntax::MArgType type) {
+bool wordFitsType(std::string_view word, MSyntax::MArgType type) {
     bool flag = false;
     int integer = 0;
     unsigned int natural = 0;
