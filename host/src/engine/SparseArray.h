@@ -27,12 +27,13 @@ public:
 
     // The element at `key`, created (default value) when missing.
     T& obtain(uint32_t key) {
-        if (T* existing = find(key)) return *existing;
+        // Writing in ascending order appends without a search.
         if (pendingKeys_.empty() && (keys_.empty() || key > keys_.back())) {
             keys_.push_back(key);
             values_.emplace_back();
             return values_.back();
         }
+        if (T* existing = find(key)) return *existing;
         pendingIndex_.emplace(key, pendingKeys_.size());
         pendingKeys_.push_back(key);
         pendingValues_.emplace_back();
