@@ -1,6 +1,7 @@
 // Closest-point queries on a million-vertex sphere: building the index, and a million queries at
 // points within 1% of the radius from the surface, in random order, in the order of the mesh's
-// vertices (how the mirroring commands ask), and in random order spread over all cores.
+// vertices, and in random order spread over all cores; and a million at the mirrored vertices
+// themselves, in vertex order, as the mirroring commands ask about a symmetric mesh.
 #include <benchmark/benchmark.h>
 
 #include <maya/MFloatPointArray.h>
@@ -54,15 +55,15 @@ std::vector<MPoint> randomPoints() {
     return points;
 }
 
-// The sphere's vertices mirrored across x, in vertex order.
-std::vector<MPoint> mirroredVertices(const MObject& sphere) {
+// The sphere's vertices mirrored across x, in vertex order, moved off the surface or not.
+std::vector<MPoint> mirroredVertices(const MObject& sphere, bool offSurface) {
     MFloatPointArray vertices;
     MFnMesh(sphere).getPoints(vertices);
     std::vector<MPoint> points;
     points.reserve(kQueries);
     for (std::size_t i = 0; points.size() < kQueries; ++i) {
         const MFloatPoint& v = vertices[static_cast<unsigned>(i % vertices.length())];
-        points.push_back(MPoint(-v.x, v.y, v.z) * nearSurface(i));
+        points.push_back(MPoint(-v.x, v.y, v.z) * (offSurface ? nearSurface(i) : 1.0));
     }
     return points;
 }
@@ -105,9 +106,15 @@ BENCHMARK(meshClosestPointRandomQueries)->Unit(benchmark::kMillisecond)->Iterati
 
 void meshClosestPointVertexOrderQueries(benchmark::State& state) {
     MObject sphere = millionVertexSphere();
-    queryAll(state, sphere, mirroredVertices(sphere), 1);
+    queryAll(state, sphere, mirroredVertices(sphere, true), 1);
 }
 BENCHMARK(meshClosestPointVertexOrderQueries)->Unit(benchmark::kMillisecond)->Iterations(1);
+
+void meshClosestPointOnSurfaceVertexOrderQueries(benchmark::State& state) {
+    MObject sphere = millionVertexSphere();
+    queryAll(state, sphere, mirroredVertices(sphere, false), 1);
+}
+BENCHMARK(meshClosestPointOnSurfaceVertexOrderQueries)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 void meshClosestPointThreadedRandomQueries(benchmark::State& state) {
     MObject sphere = millionVertexSphere();

@@ -1,4 +1,5 @@
 // Closest-point queries checked against a brute-force search over every triangle.
+#include "ClosestPointReference.h"
 #include "engine/Scene.h"
 #include "engine/Session.h"
 #include "mesh/ClosestPointIndex.h"
@@ -20,45 +21,14 @@
 
 namespace {
 
-using Vec = std::array<double, 3>;
-Vec sub(const Vec& a, const Vec& b) {
-    return {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
-}
-double dot(const Vec& a, const Vec& b) {
-    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
-Vec cross(const Vec& a, const Vec& b) {
-    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
-}
-double norm(const Vec& a) {
-    return std::sqrt(dot(a, a));
-}
-
-double segmentDistance(const Vec& p, const Vec& a, const Vec& b) {
-    const Vec ab = sub(b, a);
-    const double t = dot(ab, ab) > 0 ? std::clamp(dot(sub(p, a), ab) / dot(ab, ab), 0.0, 1.0) : 0.0;
-    return norm(sub(p, {a[0] + t * ab[0], a[1] + t * ab[1], a[2] + t * ab[2]}));
-}
-
-// Plane projection when it falls inside the triangle, otherwise the nearest edge.
-double triangleDistance(const Vec& p, const Vec& a, const Vec& b, const Vec& c) {
-    const Vec n = cross(sub(b, a), sub(c, a));
-    const double edges =
-        std::min({segmentDistance(p, a, b), segmentDistance(p, b, c), segmentDistance(p, c, a)});
-    if (dot(n, n) == 0) return edges;
-    const double height = dot(sub(p, a), n) / norm(n);
-    const Vec q = {p[0] - height * n[0] / norm(n), p[1] - height * n[1] / norm(n),
-                   p[2] - height * n[2] / norm(n)};
-    const bool inside = dot(n, cross(sub(b, a), sub(q, a))) >= 0 &&
-                        dot(n, cross(sub(c, b), sub(q, b))) >= 0 && dot(n, cross(sub(a, c), sub(q, c))) >= 0;
-    return inside ? std::fabs(height) : edges;
-}
+using reference::cross;
+using reference::dot;
+using reference::norm;
+using reference::sub;
+using Vec = reference::Vec;
 
 // The mesh moved by a matrix, searched triangle by triangle.
-struct BruteForce {
-    std::vector<Vec> points;
-    std::vector<std::vector<int>> faces;
-
+struct BruteForce : reference::Mesh {
     BruteForce(const MObject& object, const MMatrix& m) {
         MFnMesh mesh(object);
         MFloatPointArray original;
@@ -72,22 +42,6 @@ struct BruteForce {
             mesh.getPolygonVertices(f, vertices);
             faces.push_back(vertices.vec());
         }
-    }
-    std::array<Vec, 3> triangle(int face, int t) const {
-        const std::vector<int>& v = faces.at(face);
-        return {points.at(v.at(0)), points.at(v.at(t + 1)), points.at(v.at(t + 2))};
-    }
-    double distance(const Vec& p, int face, int t) const {
-        const auto abc = triangle(face, t);
-        return triangleDistance(p, abc[0], abc[1], abc[2]);
-    }
-    double closest(const Vec& p, const std::vector<int>& among = {}) const {
-        double best = std::numeric_limits<double>::infinity();
-        for (std::size_t f = 0; f < faces.size(); ++f) {
-            if (!among.empty() && std::find(among.begin(), among.end(), int(f)) == among.end()) continue;
-            for (int t = 0; t + 2 < int(faces[f].size()); ++t) best = std::min(best, distance(p, int(f), t));
-        }
-        return best;
     }
 };
 

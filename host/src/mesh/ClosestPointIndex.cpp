@@ -1,36 +1,23 @@
 #include "mesh/ClosestPointIndex.h"
 
+#include "mesh/TriangleDistance.h"
+
 #include <embree3/rtcore.h>
 
 #include <algorithm>
 #include <cfloat>
 #include <cmath>
-#include <cstdint>
 #include <limits>
 #include <optional>
 
 namespace host {
 namespace {
 
-struct V3 {
-    double x, y, z;
-};
-V3 operator+(const V3& a, const V3& b) {
-    return {a.x + b.x, a.y + b.y, a.z + b.z};
-}
-V3 operator-(const V3& a, const V3& b) {
-    return {a.x - b.x, a.y - b.y, a.z - b.z};
-}
-V3 operator*(const V3& a, double s) {
-    return {a.x * s, a.y * s, a.z * s};
-}
-double dot(const V3& a, const V3& b) {
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-V3 cross(const V3& a, const V3& b) {
-    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-V3 toV3(const std::array<float, 3>& p) {
+// The leading code bits that pick a bucket of clusters.
+constexpr int kBucketBits = 18;
+constexpr int kBucketShift = 63 - kBucketBits;
+
+Vec3 toVec3(const std::array<float, 3>& p) {
     return {p[0], p[1], p[2]};
 }
 
@@ -41,92 +28,40 @@ float toFloat(double value) {
     return static_cast<float>(value);
 }
 
-// A point of a triangle (a, b, c) as a + v (b - a) + w (c - a).
-struct TrianglePoint {
-    V3 point;
-    double v, w;
-};
-
-double segmentParameter(const V3& p, const V3& a, const V3& b) {
-    const V3 ab = b - a;
-    const double length2 = dot(ab, ab);
-    if (!(length2 > 0.0)) return 0.0;
-    return std::clamp(dot(p - a, ab) / length2, 0.0, 1.0);
-}
-
-// The closest point on the triangle's edges: the answer for triangles without area, and a safe
-// one wherever rounding leaves the interior test undecided.
-TrianglePoint closestOnEdges(const V3& p, const V3& a, const V3& b, const V3& c) {
-    const double tab = segmentParameter(p, a, b), tac = segmentParameter(p, a, c),
-                 tbc = segmentParameter(p, b, c);
-    const TrianglePoint candidates[] = {
-        {a + (b - a) * tab, tab, 0.0}, {a + (c - a) * tac, 0.0, tac}, {b + (c - b) * tbc, 1.0 - tbc, tbc}};
-    const TrianglePoint* best = &candidates[0];
-    double bestDistance2 = dot(p - best->point, p - best->point);
-    for (const TrianglePoint& candidate : candidates) {
-        const double distance2 = dot(p - candidate.point, p - candidate.point);
-        if (distance2 < bestDistance2) {
-            best = &candidate;
-            bestDistance2 = distance2;
-        }
-    }
-    return *best;
-}
-
-// Closest point on a triangle by its Voronoi regions: vertices, then edges, then the interior.
-TrianglePoint closestOnTriangle(const V3& p, const V3& a, const V3& b, const V3& c) {
-    const V3 ab = b - a, ac = c - a, ap = p - a;
-    const double d1 = dot(ab, ap), d2 = dot(ac, ap);
-    if (d1 <= 0.0 && d2 <= 0.0) return {a, 0.0, 0.0};
-    const V3 bp = p - b;
-    const double d3 = dot(ab, bp), d4 = dot(ac, bp);
-    if (d3 >= 0.0 && d4 <= d3) return {b, 1.0, 0.0};
-    const double vc = d1 * d4 - d3 * d2;
-    if (vc <= 0.0 && d1 >= 0.0 && d3 <= 0.0 && d1 - d3 > 0.0) {
-        const double v = d1 / (d1 - d3);
-        return {a + ab * v, v, 0.0};
-    }
-    const V3 cp = p - c;
-    const double d5 = dot(ab, cp), d6 = dot(ac, cp);
-    if (d6 >= 0.0 && d5 <= d6) return {c, 0.0, 1.0};
-    const double vb = d5 * d2 - d1 * d6;
-    if (vb <= 0.0 && d2 >= 0.0 && d6 <= 0.0 && d2 - d6 > 0.0) {
-        const double w = d2 / (d2 - d6);
-        return {a + ac * w, 0.0, w};
-    }
-    const double va = d3 * d6 - d5 * d4;
-    if (va <= 0.0 && d4 - d3 >= 0.0 && d5 - d6 >= 0.0 && (d4 - d3) + (d5 - d6) > 0.0) {
-        const double w = (d4 - d3) / ((d4 - d3) + (d5 - d6));
-        return {b + (c - b) * w, 1.0 - w, w};
-    }
-    const double sum = va + vb + vc;
-    if (!(va >= 0.0 && vb >= 0.0 && vc >= 0.0 && sum > 0.0)) return closestOnEdges(p, a, b, c);
-    const double v = vb / sum, w = vc / sum;
-    return {a + ab * v + ac * w, v, w};
-}
-
 // The affine part of a row-vector matrix: p' = p * M.
 struct Affine {
-    V3 rows[4];
+    Vec3 rows[4];
     explicit Affine(const double (*m)[4]) {
         for (int r = 0; r < 4; ++r) rows[r] = {m[r][0], m[r][1], m[r][2]};
     }
-    V3 point(const V3& p) const { return rows[0] * p.x + rows[1] * p.y + rows[2] * p.z + rows[3]; }
+    Vec3 point(const Vec3& p) const { return rows[0] * p.x + rows[1] * p.y + rows[2] * p.z + rows[3]; }
     // Normals move with the inverse transpose: the cofactors, turned round by a mirroring matrix.
-    V3 normal(const V3& n) const {
-        const V3 c0 = cross(rows[1], rows[2]), c1 = cross(rows[2], rows[0]), c2 = cross(rows[0], rows[1]);
+    Vec3 normal(const Vec3& n) const {
+        const Vec3 c0 = cross(rows[1], rows[2]), c1 = cross(rows[2], rows[0]), c2 = cross(rows[0], rows[1]);
         const double sign = dot(rows[0], c0) < 0.0 ? -1.0 : 1.0;
         return (c0 * n.x + c1 * n.y + c2 * n.z) * sign;
     }
 };
 
+// A float at most `value`: the nearest one less at least a unit in its last place (without the
+// branch or the library call of rounding down exactly).
+float roundDown(double value) {
+    const float nearest = toFloat(value);
+    if (nearest == std::numeric_limits<float>::infinity()) return FLT_MAX;
+    return nearest - (std::fabs(nearest) * FLT_EPSILON + FLT_MIN);
+}
+
+double component(const Vec3& v, int axis) {
+    return axis == 0 ? v.x : axis == 1 ? v.y : v.z;
+}
+
 // Newell's normal, which also suits non-planar and concave faces.
 std::array<float, 3> faceNormal(const ClosestPointMesh& mesh, const int* vertices, int count,
                                 const Affine* affine) {
-    V3 n{0.0, 0.0, 0.0};
+    Vec3 n{0.0, 0.0, 0.0};
     for (int i = 0; i < count; ++i) {
-        const V3 a = toV3(mesh.points[vertices[i]]), b = toV3(mesh.points[vertices[(i + 1) % count]]);
-        n = n + V3{(a.y - b.y) * (a.z + b.z), (a.z - b.z) * (a.x + b.x), (a.x - b.x) * (a.y + b.y)};
+        const Vec3 a = toVec3(mesh.points[vertices[i]]), b = toVec3(mesh.points[vertices[(i + 1) % count]]);
+        n = n + Vec3{(a.y - b.y) * (a.z + b.z), (a.z - b.z) * (a.x + b.x), (a.x - b.x) * (a.y + b.y)};
     }
     if (affine) n = affine->normal(n);
     const double length = std::sqrt(dot(n, n));
@@ -157,114 +92,161 @@ bool isFinite(const std::array<float, 3>& p) {
     return std::isfinite(p[0]) && std::isfinite(p[1]) && std::isfinite(p[2]);
 }
 
-// Interleaves the low 10 bits of x with two zero bits each.
-std::uint32_t spreadBits(std::uint32_t x) {
-    x &= 0x3ff;
-    x = (x | (x << 16)) & 0x030000ff;
-    x = (x | (x << 8)) & 0x0300f00f;
-    x = (x | (x << 4)) & 0x030c30c3;
-    return (x | (x << 2)) & 0x09249249;
+// Minimum and maximum by value, which compile to single branch-free instructions.
+float lower(float a, float b) {
+    return b < a ? b : a;
+}
+float upper(float a, float b) {
+    return a < b ? b : a;
 }
 
-// Stable radix sort on the upper 32 bits.
-void sortByHighBits(std::vector<std::uint64_t>& keys) {
-    std::vector<std::uint64_t> sorted(keys.size());
-    for (int shift = 32; shift < 64; shift += 8) {
-        std::array<std::size_t, 257> starts{};
-        for (std::uint64_t key : keys) ++starts[((key >> shift) & 0xff) + 1];
-        for (std::size_t digit = 0; digit < 256; ++digit) starts[digit + 1] += starts[digit];
-        for (std::uint64_t key : keys) sorted[starts[(key >> shift) & 0xff]++] = key;
-        keys.swap(sorted);
-    }
-}
-
-// Positions in the order of a Morton curve through their bounding box.
-std::vector<std::uint32_t> mortonOrder(const std::vector<std::array<float, 3>>& positions) {
-    std::array<float, 3> lo{}, hi{};
-    if (!positions.empty()) lo = hi = positions[0];
-    for (const auto& p : positions)
-        for (int k = 0; k < 3; ++k) lo[k] = std::min(lo[k], p[k]), hi[k] = std::max(hi[k], p[k]);
-    std::array<double, 3> scale{};
-    for (int k = 0; k < 3; ++k) scale[k] = hi[k] > lo[k] ? 1023.0 / (double(hi[k]) - lo[k]) : 0.0;
-    std::vector<std::uint64_t> keys(positions.size());
-    for (std::size_t i = 0; i < positions.size(); ++i) {
-        std::uint32_t code = 0;
-        for (int k = 0; k < 3; ++k) {
-            const double cell = std::clamp((double(positions[i][k]) - lo[k]) * scale[k], 0.0, 1023.0);
-            code |= spreadBits(static_cast<std::uint32_t>(cell)) << k;
-        }
-        keys[i] = std::uint64_t{code} << 32 | i;
-    }
-    sortByHighBits(keys);
-    std::vector<std::uint32_t> order(keys.size());
-    for (std::size_t i = 0; i < keys.size(); ++i) order[i] = static_cast<std::uint32_t>(keys[i]);
-    return order;
+// The position of the smallest of n values.
+template <std::size_t n> std::size_t smallest(const float (&values)[n]) {
+    std::size_t best = 0;
+    for (std::size_t i = 1; i < n; ++i) best = values[i] < values[best] ? i : best;
+    return best;
 }
 
 } // namespace
 
 struct ClosestPointIndex::Search {
     const ClosestPointIndex& index;
-    V3 point;
-    // How far the float copy of the point handed to Embree lies from the point.
+    Vec3 point;
+    // The float copy of the point handed to Embree, with the search sphere's radius: the sphere
+    // holds every triangle closer than the best hit, with room for float arithmetic.
+    RTCPointQuery query;
+    // How far the float copy lies from the point.
     double slack;
     // The squared limit until something is found, then the squared distance of the best hit.
     double bestDistance2;
     bool found = false;
-    const Cluster* cluster = nullptr;
-    std::size_t slot = 0;
+    // The best hit's triangle (a position on the curve) and the point on it.
+    std::size_t triangle = 0;
     TrianglePoint best{};
 
-    // The sphere radius that keeps every triangle closer than `distance` in the search, with room
-    // for float arithmetic.
-    float radius(double distance) const { return toFloat((distance + slack) * (1.0 + 1e-6)); }
+    Search(const ClosestPointIndex& index, const std::array<double, 3>& p, double maxDistance)
+        : index(index), point{p[0], p[1], p[2]}, bestDistance2(maxDistance * maxDistance) {
+        query.x = static_cast<float>(p[0]);
+        query.y = static_cast<float>(p[1]);
+        query.z = static_cast<float>(p[2]);
+        query.time = 0.f;
+        const Vec3 rounded = Vec3{query.x, query.y, query.z} - point;
+        slack = std::sqrt(dot(rounded, rounded));
+        query.radius = sphereRadius(maxDistance);
+    }
 
-    static V3 corner(const Cluster& cluster, std::size_t i, int k) {
-        return {cluster.corners[3 * k][i], cluster.corners[3 * k + 1][i], cluster.corners[3 * k + 2][i]};
+    float sphereRadius(double distance) const { return toFloat((distance + slack) * (1.0 + 1e-6)); }
+
+    // Measures the triangles of a cluster whose boxes reach into the sphere, the nearest box
+    // first: its triangle most likely shrinks the sphere for the others.
+    void testCluster(std::size_t c, float& radius) {
+        // Nothing beats a hit at the point itself.
+        if (found && bestDistance2 == 0.0) return;
+        const Cluster& cluster = index.clusters_[c];
+        const float v[3] = {query.x - cluster.origin[0], query.y - cluster.origin[1],
+                            query.z - cluster.origin[2]};
+        // The point in the cluster's frame, and an allowance far above the rounding in these lines.
+        float p[3];
+        for (int k = 0; k < 3; ++k)
+            p[k] = cluster.axes[k][0] * v[0] + cluster.axes[k][1] * v[1] + cluster.axes[k][2] * v[2];
+        const float allowance = 1e-5f * (std::fabs(v[0]) + std::fabs(v[1]) + std::fabs(v[2]));
+        float gaps[kClusterSize] = {};
+        for (int k = 0; k < 3; ++k)
+            for (std::size_t i = 0; i < kClusterSize; ++i) {
+                // Clamping into the box, rather than branching on the side, keeps this branch-free.
+                const float gap =
+                    p[k] - lower(upper(p[k], cluster.lo[k][i] - allowance), cluster.hi[k][i] + allowance);
+                gaps[i] += gap * gap;
+            }
+        // The axes are orthonormal only to float precision.
+        for (float& gap : gaps) gap *= 1.f - 1e-5f;
+        const std::size_t first = smallest(gaps);
+        testTriangle(c, first, gaps[first], radius);
+        for (std::size_t i = 0; i < kClusterSize; ++i)
+            if (i != first) testTriangle(c, i, gaps[i], radius);
+    }
+
+    void testTriangle(std::size_t c, std::size_t slot, float gap, float& radius) {
+        if (gap > radius * radius) return;
+        const Cluster& cluster = index.clusters_[c];
+        const auto corner = [&](int j) {
+            return Vec3{cluster.corners[3 * j][slot], cluster.corners[3 * j + 1][slot],
+                        cluster.corners[3 * j + 2][slot]};
+        };
+        const TrianglePoint closest = cluster.thin[slot]
+                                          ? closestOnThinTriangle(point, corner(0), corner(1), corner(2))
+                                          : closestOnTriangle(point, corner(0), corner(1), corner(2));
+        const Vec3 offset = point - closest.point;
+        const double distance2 = dot(offset, offset);
+        if (found ? !(distance2 < bestDistance2) : !(distance2 <= bestDistance2)) return;
+        found = true;
+        bestDistance2 = distance2;
+        triangle = std::min<std::size_t>(index.clusterStarts_[c] + slot, index.clusterStarts_[c + 1] - 1);
+        best = closest;
+        radius = std::min(radius, sphereRadius(std::sqrt(distance2)));
+    }
+
+    // Seeds the search with the clusters either side of the point on the curve, then walks the
+    // scene.
+    void run() {
+        const double p[3] = {point.x, point.y, point.z};
+        const std::uint64_t code = index.curve_.code(p);
+        const std::uint64_t bucket = code >> kBucketShift;
+        const auto codes = index.clusterCodes_.begin();
+        const auto next =
+            static_cast<std::size_t>(std::upper_bound(codes + index.codeBuckets_[bucket],
+                                                      codes + index.codeBuckets_[bucket + 1], code) -
+                                     codes);
+        if (next > 0) testCluster(next - 1, query.radius);
+        if (next < index.clusters_.size()) testCluster(next, query.radius);
+        if (found && bestDistance2 == 0.0) return;
+        RTCPointQueryContext context;
+        rtcInitPointQueryContext(&context);
+        rtcPointQuery(index.scene_, &query, &context, &Search::visit, this);
     }
 
     static bool visit(RTCPointQueryFunctionArguments* args) {
         Search& search = *static_cast<Search*>(args->userPtr);
-        const Cluster& cluster = search.index.clusters_[args->primID];
-        // Squared distances from the query's float point to the triangles' bounding boxes.
-        const float q[3] = {args->query->x, args->query->y, args->query->z};
-        float gaps[kClusterSize];
-        for (std::size_t i = 0; i < kClusterSize; ++i) {
-            float sum = 0.f;
-            for (int c = 0; c < 3; ++c) {
-                const float a = cluster.corners[c][i], b = cluster.corners[3 + c][i],
-                            d = cluster.corners[6 + c][i];
-                // Clamping into the box, rather than branching on the side, keeps this branch-free.
-                const float inside =
-                    std::min(std::max(q[c], std::min(std::min(a, b), d)), std::max(std::max(a, b), d));
-                sum += (q[c] - inside) * (q[c] - inside);
-            }
-            gaps[i] = sum;
-        }
-        bool closer = false;
-        for (std::size_t i = 0; i < kClusterSize; ++i) {
-            const float radius = args->query->radius;
-            if (gaps[i] > radius * radius) continue;
-            const TrianglePoint closest = closestOnTriangle(search.point, corner(cluster, i, 0),
-                                                            corner(cluster, i, 1), corner(cluster, i, 2));
-            const V3 offset = search.point - closest.point;
-            const double distance2 = dot(offset, offset);
-            if (search.found ? !(distance2 < search.bestDistance2) : !(distance2 <= search.bestDistance2))
-                continue;
-            search.found = closer = true;
-            search.bestDistance2 = distance2;
-            search.cluster = &cluster;
-            search.slot = i;
-            search.best = closest;
-            args->query->radius = std::min(radius, search.radius(std::sqrt(distance2)));
-        }
-        return closer;
+        const float radius = args->query->radius;
+        search.testCluster(args->primID, args->query->radius);
+        return args->query->radius < radius;
     }
 };
 
 ClosestPointIndex::ClosestPointIndex(const ClosestPointMesh& mesh) {
-    collectTriangles(mesh);
-    if (!clusters_.empty()) buildScene();
+    std::vector<Corners> corners = collectTriangles(mesh);
+    if (corners.empty()) return;
+    MortonCurve::Order order;
+    {
+        std::vector<std::array<float, 3>> centres(corners.size());
+        for (std::size_t t = 0; t < corners.size(); ++t)
+            for (int axis = 0; axis < 3; ++axis)
+                centres[t][axis] = (corners[t][0][axis] + corners[t][1][axis] + corners[t][2][axis]) / 3.f;
+        curve_ = MortonCurve(centres);
+        order = curve_.sort(centres);
+    }
+    // The triangles in curve order, read in that order from here on.
+    {
+        std::vector<Corners> sortedCorners(corners.size());
+        std::vector<Source> sortedSources(sources_.size());
+        for (std::size_t t = 0; t < corners.size(); ++t) {
+            sortedCorners[t] = corners[order.positions[t]];
+            sortedSources[t] = sources_[order.positions[t]];
+        }
+        corners.swap(sortedCorners);
+        sources_.swap(sortedSources);
+    }
+    clusters_.reserve(corners.size() / (kClusterSize / 2) + 1);
+    cluster(corners, order.codes, 0, corners.size());
+    clusterStarts_.push_back(static_cast<std::uint32_t>(corners.size()));
+    codeBuckets_.resize((std::size_t{1} << kBucketBits) + 1);
+    std::size_t c = 0;
+    for (std::size_t bucket = 0; bucket < codeBuckets_.size(); ++bucket) {
+        while (c < clusterCodes_.size() && clusterCodes_[c] >> kBucketShift < bucket) ++c;
+        codeBuckets_[bucket] = static_cast<std::uint32_t>(c);
+    }
+    buildScene();
+    clusterBoxes_ = {};
     if (!scene_) release();
 }
 
@@ -278,11 +260,14 @@ void ClosestPointIndex::release() {
     scene_ = nullptr;
     device_ = nullptr;
     faces_.clear();
+    sources_.clear();
     clusters_.clear();
-    numTriangles_ = 0;
+    clusterStarts_.clear();
+    clusterCodes_.clear();
+    codeBuckets_.clear();
 }
 
-void ClosestPointIndex::collectTriangles(const ClosestPointMesh& mesh) {
+std::vector<ClosestPointIndex::Corners> ClosestPointIndex::collectTriangles(const ClosestPointMesh& mesh) {
     const std::vector<std::size_t> offsets = faceOffsets(mesh);
     std::vector<int> selected;
     if (mesh.faces) {
@@ -297,7 +282,7 @@ void ClosestPointIndex::collectTriangles(const ClosestPointMesh& mesh) {
     }
     std::size_t fanSize = 0;
     for (int f : selected) fanSize += static_cast<std::size_t>(mesh.faceCounts[f] - 2);
-    if (fanSize == 0 || fanSize > std::numeric_limits<std::uint32_t>::max()) return;
+    if (fanSize == 0 || fanSize > std::numeric_limits<std::uint32_t>::max() / 2) return {};
 
     std::optional<Affine> affine;
     if (mesh.matrix) affine.emplace(mesh.matrix);
@@ -307,19 +292,16 @@ void ClosestPointIndex::collectTriangles(const ClosestPointMesh& mesh) {
     if (transform) {
         moved.resize(mesh.numPoints);
         for (std::size_t i = 0; i < mesh.numPoints; ++i) {
-            const V3 p = transform->point(toV3(mesh.points[i]));
+            const Vec3 p = transform->point(toVec3(mesh.points[i]));
             moved[i] = {toFloat(p.x), toFloat(p.y), toFloat(p.z)};
         }
         points = moved.data();
     }
 
-    // Fan triangles with finite corners, with their centres.
-    struct Corners {
-        int a, b, c;
-        std::uint32_t face, fanIndex;
-    };
+    // Fan triangles with finite corners.
     std::vector<Corners> corners;
-    std::vector<std::array<float, 3>> centres;
+    corners.reserve(fanSize);
+    sources_.reserve(fanSize);
     faces_.reserve(selected.size());
     for (int f : selected) {
         const int* v = mesh.faceConnects + offsets[f];
@@ -328,40 +310,96 @@ void ClosestPointIndex::collectTriangles(const ClosestPointMesh& mesh) {
         for (int k = 1; k + 1 < mesh.faceCounts[f]; ++k) {
             const auto &a = points[v[0]], &b = points[v[k]], &c = points[v[k + 1]];
             if (!isFinite(a) || !isFinite(b) || !isFinite(c)) continue;
-            corners.push_back({v[0], v[k], v[k + 1], face, static_cast<std::uint32_t>(k - 1)});
-            centres.push_back(
-                {(a[0] + b[0] + c[0]) / 3.f, (a[1] + b[1] + c[1]) / 3.f, (a[2] + b[2] + c[2]) / 3.f});
+            corners.push_back({a, b, c});
+            sources_.push_back({face, static_cast<std::uint32_t>(k - 1)});
         }
     }
-    const std::vector<std::uint32_t> order = mortonOrder(centres);
-    numTriangles_ = order.size();
-    clusters_.resize((numTriangles_ + kClusterSize - 1) / kClusterSize);
-    for (std::size_t i = 0; i < clusters_.size() * kClusterSize; ++i) {
-        const Corners& c = corners[order[std::min(i, numTriangles_ - 1)]];
-        Cluster& cluster = clusters_[i / kClusterSize];
-        const std::size_t slot = i % kClusterSize;
-        const int vertices[3] = {c.a, c.b, c.c};
-        for (int k = 0; k < 3; ++k)
-            for (int axis = 0; axis < 3; ++axis)
-                cluster.corners[3 * k + axis][slot] = points[vertices[k]][axis];
-        cluster.face[slot] = c.face;
-        cluster.fanIndex[slot] = c.fanIndex;
+    return corners;
+}
+
+// Cuts a run of triangles along the curve where it crosses the wall of the largest octree cell
+// inside the run, or in half when all its codes are equal, until a part lies in a small cell;
+// such a part is cut into consecutive clusters. Each cut takes a bit of the codes or halves the
+// run, so the recursion is at most 64 + 32 deep.
+void ClosestPointIndex::cluster(const std::vector<Corners>& corners, const std::vector<std::uint64_t>& codes,
+                                std::size_t begin, std::size_t end) {
+    if (end - begin <= 4 * kClusterSize) {
+        for (std::size_t first = begin; first < end; first += kClusterSize)
+            addCluster(corners, codes, first, std::min(end, first + kClusterSize));
+        return;
     }
+    const std::uint64_t first = codes[begin], last = codes[end - 1];
+    std::size_t middle = begin + (end - begin) / 2;
+    if (first != last) {
+        std::uint64_t bit = std::uint64_t{1} << 63;
+        while (!((first ^ last) & bit)) bit >>= 1;
+        middle = static_cast<std::size_t>(
+            std::partition_point(codes.begin() + begin, codes.begin() + end,
+                                 [bit](std::uint64_t code) { return !(code & bit); }) -
+            codes.begin());
+    }
+    cluster(corners, codes, begin, middle);
+    cluster(corners, codes, middle, end);
+}
+
+void ClosestPointIndex::addCluster(const std::vector<Corners>& corners,
+                                   const std::vector<std::uint64_t>& codes, std::size_t begin,
+                                   std::size_t end) {
+    clusterStarts_.push_back(static_cast<std::uint32_t>(begin));
+    clusterCodes_.push_back(codes[begin]);
+    Cluster& cluster = clusters_.emplace_back();
+    const auto triangle = [&](std::size_t slot) -> const Corners& {
+        return corners[std::min(begin + slot, end - 1)];
+    };
+    // The frame: the origin at the mean corner, the last axis along the summed area normals and
+    // the others across it (any pair will do for triangles without area).
+    Vec3 origin{0.0, 0.0, 0.0}, normal{0.0, 0.0, 0.0};
+    for (std::size_t slot = 0; slot < end - begin; ++slot) {
+        const Vec3 a = toVec3(triangle(slot)[0]), b = toVec3(triangle(slot)[1]),
+                   c = toVec3(triangle(slot)[2]);
+        origin = origin + (a + b + c) * (1.0 / (3.0 * static_cast<double>(end - begin)));
+        normal = normal + cross(b - a, c - a);
+    }
+    const double length = std::sqrt(dot(normal, normal));
+    normal = length > 0.0 && std::isfinite(length) ? normal * (1.0 / length) : Vec3{0.0, 0.0, 1.0};
+    Vec3 across = cross(normal, std::fabs(normal.x) < 0.5 ? Vec3{1.0, 0.0, 0.0} : Vec3{0.0, 1.0, 0.0});
+    across = across * (1.0 / std::sqrt(dot(across, across)));
+    const Vec3 axes[3] = {across, cross(normal, across), normal};
+    for (int k = 0; k < 3; ++k) {
+        cluster.origin[k] = toFloat(component(origin, k));
+        for (int axis = 0; axis < 3; ++axis)
+            cluster.axes[k][axis] = static_cast<float>(component(axes[k], axis));
+    }
+    // The boxes are measured in doubles from the float origin and axes kept, and rounded outwards,
+    // so that every corner lies inside its box.
+    const Vec3 keptOrigin{cluster.origin[0], cluster.origin[1], cluster.origin[2]};
+    const float inf = std::numeric_limits<float>::infinity();
+    std::array<float, 6> box{inf, inf, inf, -inf, -inf, -inf};
+    for (std::size_t slot = 0; slot < kClusterSize; ++slot) {
+        const Corners& t = triangle(slot);
+        for (int k = 0; k < 3; ++k) {
+            const Vec3 keptAxis{cluster.axes[k][0], cluster.axes[k][1], cluster.axes[k][2]};
+            double lo = std::numeric_limits<double>::infinity(), hi = -lo;
+            for (int j = 0; j < 3; ++j) {
+                const double along = dot(toVec3(t[j]) - keptOrigin, keptAxis);
+                lo = std::min(lo, along);
+                hi = std::max(hi, along);
+                cluster.corners[3 * j + k][slot] = t[j][k];
+                box[k] = std::min(box[k], t[j][k]);
+                box[3 + k] = std::max(box[3 + k], t[j][k]);
+            }
+            cluster.lo[k][slot] = roundDown(lo);
+            cluster.hi[k][slot] = -roundDown(-hi);
+        }
+        cluster.thin[slot] = isThin(toVec3(t[0]), toVec3(t[1]), toVec3(t[2]));
+    }
+    clusterBoxes_.push_back(box);
 }
 
 void ClosestPointIndex::clusterBounds(const RTCBoundsFunctionArguments* args) {
-    const Cluster& cluster =
-        static_cast<const ClosestPointIndex*>(args->geometryUserPtr)->clusters_[args->primID];
-    float lo[3], hi[3];
-    for (int axis = 0; axis < 3; ++axis) {
-        lo[axis] = hi[axis] = cluster.corners[axis][0];
-        for (int k = 0; k < 3; ++k)
-            for (std::size_t i = 0; i < kClusterSize; ++i) {
-                lo[axis] = std::min(lo[axis], cluster.corners[3 * k + axis][i]);
-                hi[axis] = std::max(hi[axis], cluster.corners[3 * k + axis][i]);
-            }
-    }
-    *args->bounds_o = {lo[0], lo[1], lo[2], 0.f, hi[0], hi[1], hi[2], 0.f};
+    const std::array<float, 6>& box =
+        static_cast<const ClosestPointIndex*>(args->geometryUserPtr)->clusterBoxes_[args->primID];
+    *args->bounds_o = {box[0], box[1], box[2], 0.f, box[3], box[4], box[5], 0.f};
 }
 
 void ClosestPointIndex::buildScene() {
@@ -391,25 +429,16 @@ bool ClosestPointIndex::closestPoint(const std::array<double, 3>& point, double 
     if (!scene_ || !(maxDistance >= 0.0)) return false;
     for (double c : point)
         if (!(std::fabs(c) <= FLT_MAX)) return false;
-    RTCPointQuery query;
-    query.x = static_cast<float>(point[0]);
-    query.y = static_cast<float>(point[1]);
-    query.z = static_cast<float>(point[2]);
-    query.time = 0.f;
-    const V3 p{point[0], point[1], point[2]};
-    const V3 rounded = V3{query.x, query.y, query.z} - p;
-    Search search{*this, p, std::sqrt(dot(rounded, rounded)), maxDistance * maxDistance};
-    query.radius = search.radius(maxDistance);
-    RTCPointQueryContext context;
-    rtcInitPointQueryContext(&context);
-    rtcPointQuery(scene_, &query, &context, &Search::visit, &search);
+    Search search(*this, point, maxDistance);
+    search.run();
     if (!search.found) return false;
 
-    const Face& face = faces_[search.cluster->face[search.slot]];
+    const Source& source = sources_[search.triangle];
+    const Face& face = faces_[source.face];
     hit.point = {search.best.point.x, search.best.point.y, search.best.point.z};
     hit.distance = std::sqrt(search.bestDistance2);
     hit.face = face.index;
-    hit.triangle = static_cast<int>(search.cluster->fanIndex[search.slot]);
+    hit.triangle = static_cast<int>(source.fanIndex);
     hit.u = static_cast<float>(1.0 - search.best.v - search.best.w);
     hit.v = static_cast<float>(search.best.v);
     hit.normal = face.normal;

@@ -1,9 +1,17 @@
 #pragma once
 // Closest-point-on-surface queries for a polygon mesh. The faces are fan-triangulated (face
-// v0..vn-1 gives the triangles (v0, vk, vk+1)) and the triangles laid out along a space-filling
-// curve, so that neighbours share cache lines; runs of a few of them are the primitives of an
-// Embree scene, and each query walks its BVH with a search sphere that shrinks as closer
-// triangles turn up.
+// v0..vn-1 gives the triangles (v0, vk, vk+1)) and the triangles laid out along a Morton curve,
+// cut into clusters of a few neighbours where the curve crosses octree cell walls. Each cluster
+// measures its triangles in a frame of its own whose last axis follows their mean normal, so
+// that the boxes around them in that frame stay thin where the surface is smooth, however it
+// is turned. The clusters are the primitives of an Embree scene.
+//
+// A query first measures the clusters either side of the point on the curve, which gives a
+// search sphere barely larger than the answer, then walks the scene's tree with that sphere,
+// shrinking it as closer triangles turn up. Only triangles whose boxes reach into the sphere are
+// measured exactly.
+#include "mesh/MortonCurve.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -51,29 +59,45 @@ public:
     ClosestPointIndex& operator=(const ClosestPointIndex&) = delete;
 
     // The closest point of the surface within maxDistance (infinity allowed); false when there is
-    // none or the point is not finite. Safe to call from several threads at once.
+    // none or the point is not finite. Where several triangles are equally close, any of them may
+    // give the answer. Safe to call from several threads at once.
     bool closestPoint(const std::array<double, 3>& point, double maxDistance, ClosestPointHit& hit) const;
-    std::size_t numTriangles() const { return numTriangles_; }
+    std::size_t numTriangles() const { return sources_.size(); }
 
 private:
     struct Face {
         int index;
         std::array<float, 3> normal;
     };
-    // Triangles per Embree primitive.
+    // Where a triangle comes from: the indexed face holding it (a position in faces_) and its
+    // place in that face's fan.
+    struct Source {
+        std::uint32_t face, fanIndex;
+    };
+    // A triangle's corners, as collected.
+    using Corners = std::array<std::array<float, 3>, 3>;
+    // Triangles per cluster at most.
     static constexpr std::size_t kClusterSize = 8;
-    // Neighbouring triangles side by side, so that one pass tests all their bounding boxes:
-    // coordinate c of corner k of triangle i is corners[3 * k + c][i]. A short cluster repeats its
-    // last triangle. Each triangle also has the indexed face holding it (a position in faces_)
-    // and its place in that face's fan.
+    // Neighbouring triangles side by side. The frame: an origin and three orthonormal axes (a row
+    // each). Triangle i lies in the box lo[k][i]..hi[k][i] along axis k, coordinate c of its
+    // corner j is corners[3 * j + c][i], and thin[i] tells whether it is thin. A short cluster
+    // repeats its last triangle.
     struct Cluster {
+        float origin[3];
+        float axes[3][3];
+        float lo[3][kClusterSize];
+        float hi[3][kClusterSize];
         float corners[9][kClusterSize];
-        std::uint32_t face[kClusterSize];
-        std::uint32_t fanIndex[kClusterSize];
+        bool thin[kClusterSize];
     };
     struct Search;
 
-    void collectTriangles(const ClosestPointMesh& mesh);
+    std::vector<Corners> collectTriangles(const ClosestPointMesh& mesh);
+    // Both take the triangles and their codes in curve order.
+    void cluster(const std::vector<Corners>& corners, const std::vector<std::uint64_t>& codes,
+                 std::size_t begin, std::size_t end);
+    void addCluster(const std::vector<Corners>& corners, const std::vector<std::uint64_t>& codes,
+                    std::size_t begin, std::size_t end);
     void buildScene();
     void release();
     static void clusterBounds(const RTCBoundsFunctionArguments* args);
@@ -81,9 +105,20 @@ private:
     RTCDeviceTy* device_ = nullptr;
     RTCSceneTy* scene_ = nullptr;
     std::vector<Face> faces_;
-    // Runs of triangles along a space-filling curve.
+    // The triangles along the curve.
+    std::vector<Source> sources_;
     std::vector<Cluster> clusters_;
-    std::size_t numTriangles_ = 0;
+    // Where each cluster's run of triangles starts, and where the last one ends; with the curve
+    // code at each start, to find the clusters beside a point.
+    std::vector<std::uint32_t> clusterStarts_;
+    std::vector<std::uint64_t> clusterCodes_;
+    // For each value of the codes' leading bits, the first cluster whose code starts with that
+    // value or a later one (and one past the end), which narrows the search for a code to a few
+    // clusters.
+    std::vector<std::uint32_t> codeBuckets_;
+    MortonCurve curve_;
+    // Each cluster's bounding box (lo, hi), while Embree builds its tree.
+    std::vector<std::array<float, 6>> clusterBoxes_;
 };
 
 } // namespace host
