@@ -113,17 +113,13 @@ std::string typeWordOf(const AttrSpec& attr, const Value& value) {
     if (!data || !*data) return "";
     switch ((*data)->kind) {
     case DataKind::PointArray:
-        return "pointArray";
     case DataKind::ComponentList:
-        return "componentList";
     case DataKind::IntArray:
-        return "Int32Array";
+    case DataKind::Matrix:
+    case DataKind::PolyFaces:
+        return dataKindName((*data)->kind);
     case DataKind::StringArray:
         return generic && isRawType(attr.typeName) ? attr.typeName : "stringArray";
-    case DataKind::Matrix:
-        return "matrix";
-    case DataKind::PolyFaces:
-        return "polyFaces";
     case DataKind::DoubleArray:
         // Generic values keep the form they were given in: untyped, a tuple type, or doubleArray.
         if (!generic) return "doubleArray";
