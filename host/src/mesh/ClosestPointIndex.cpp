@@ -1,5 +1,6 @@
 #include "mesh/ClosestPointIndex.h"
 
+#include "mesh/FloatLanes.h"
 #include "mesh/TriangleDistance.h"
 
 #include <embree3/rtcore.h>
@@ -7,6 +8,7 @@
 #include <algorithm>
 #include <cfloat>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <optional>
 
@@ -107,6 +109,14 @@ template <std::size_t n> std::size_t smallest(const float (&values)[n]) {
     return best;
 }
 
+// The third axis of a cluster's frame, computed alike when the boxes are measured and when a
+// point is brought into the frame.
+void frameAxis(const float (&axes)[2][3], float (&third)[3]) {
+    third[0] = axes[0][1] * axes[1][2] - axes[0][2] * axes[1][1];
+    third[1] = axes[0][2] * axes[1][0] - axes[0][0] * axes[1][2];
+    third[2] = axes[0][0] * axes[1][1] - axes[0][1] * axes[1][0];
+}
+
 } // namespace
 
 struct ClosestPointIndex::Search {
@@ -120,9 +130,12 @@ struct ClosestPointIndex::Search {
     // The squared limit until something is found, then the squared distance of the best hit.
     double bestDistance2;
     bool found = false;
-    // The best hit's triangle (a position on the curve) and the point on it.
-    std::size_t triangle = 0;
+    // The best hit's cluster and its place there, and the point on it.
+    std::size_t cluster = 0, clusterSlot = 0;
     TrianglePoint best{};
+    // The clusters measured before the walk, which it need not measure again.
+    std::size_t seeds[2];
+    int numSeeds = 0;
 
     Search(const ClosestPointIndex& index, const std::array<double, 3>& p, double maxDistance)
         : index(index), point{p[0], p[1], p[2]}, bestDistance2(maxDistance * maxDistance) {
@@ -137,43 +150,73 @@ struct ClosestPointIndex::Search {
 
     float sphereRadius(double distance) const { return toFloat((distance + slack) * (1.0 + 1e-6)); }
 
+    // The point in a cluster's frame, with an allowance far above the rounding of these lines.
+    struct Local {
+        float p[3];
+        float allowance;
+    };
+    Local local(const ClusterFrame& frame) const {
+        const float v[3] = {query.x - frame.origin[0], query.y - frame.origin[1], query.z - frame.origin[2]};
+        float third[3];
+        frameAxis(frame.axes, third);
+        const float* axes[3] = {frame.axes[0], frame.axes[1], third};
+        Local result;
+        for (int k = 0; k < 3; ++k) result.p[k] = axes[k][0] * v[0] + axes[k][1] * v[1] + axes[k][2] * v[2];
+        result.allowance = 1e-5f * (std::fabs(v[0]) + std::fabs(v[1]) + std::fabs(v[2]));
+        return result;
+    }
+
+    // The squared distance from the point to a box along axis k, at most the true one.
+    static float boxGap(const Local& at, float lo, float hi, int k) {
+        // Clamping into the box, rather than branching on the side, keeps this branch-free.
+        const float gap = at.p[k] - lower(upper(at.p[k], lo - at.allowance), hi + at.allowance);
+        return gap * gap;
+    }
+    // The axes are orthonormal only to float precision.
+    static constexpr float kShrink = 1.f - 1e-5f;
+
+    // The squared distance from the point to the box of a cluster's triangles, at most the true one.
+    static float frameGap(const ClusterFrame& frame, const Local& at) {
+        float gap = 0.f;
+        for (int k = 0; k < 3; ++k) gap += boxGap(at, frame.lo[k], frame.hi[k], k);
+        return gap * kShrink;
+    }
+    float clusterGap(std::size_t c) const {
+        const ClusterFrame& frame = index.frames_[c];
+        return frameGap(frame, local(frame));
+    }
+
     // Measures the triangles of a cluster whose boxes reach into the sphere, the nearest box
-    // first: its triangle most likely shrinks the sphere for the others.
+    // first: its triangle most likely shrinks the sphere for the others. The cluster's own box
+    // is tried first, in the one cache line of its frame.
     void testCluster(std::size_t c, float& radius) {
         // Nothing beats a hit at the point itself.
         if (found && bestDistance2 == 0.0) return;
-        const Cluster& cluster = index.clusters_[c];
-        const float v[3] = {query.x - cluster.origin[0], query.y - cluster.origin[1],
-                            query.z - cluster.origin[2]};
-        // The point in the cluster's frame, and an allowance far above the rounding in these lines.
-        float p[3];
-        for (int k = 0; k < 3; ++k)
-            p[k] = cluster.axes[k][0] * v[0] + cluster.axes[k][1] * v[1] + cluster.axes[k][2] * v[2];
-        const float allowance = 1e-5f * (std::fabs(v[0]) + std::fabs(v[1]) + std::fabs(v[2]));
-        float gaps[kClusterSize] = {};
-        for (int k = 0; k < 3; ++k)
-            for (std::size_t i = 0; i < kClusterSize; ++i) {
-                // Clamping into the box, rather than branching on the side, keeps this branch-free.
-                const float gap =
-                    p[k] - lower(upper(p[k], cluster.lo[k][i] - allowance), cluster.hi[k][i] + allowance);
-                gaps[i] += gap * gap;
-            }
-        // The axes are orthonormal only to float precision.
-        for (float& gap : gaps) gap *= 1.f - 1e-5f;
+        const ClusterFrame& frame = index.frames_[c];
+        const Local at = local(frame);
+        if (frameGap(frame, at) > radius * radius) return;
+        const Cluster& body = index.clusters_[c];
+        static_assert(kClusterSize % kLanes == 0, "whole lanes per cluster");
+        float gaps[kClusterSize];
+        for (std::size_t first = 0; first < kClusterSize; first += kLanes) {
+            const float* const lo[3] = {body.lo[0] + first, body.lo[1] + first, body.lo[2] + first};
+            const float* const hi[3] = {body.hi[0] + first, body.hi[1] + first, body.hi[2] + first};
+            const FloatLanes sum = squaredBoxGaps(at.p, lo, hi, at.allowance) * kShrink;
+            std::memcpy(gaps + first, &sum, sizeof sum);
+        }
         const std::size_t first = smallest(gaps);
-        testTriangle(c, first, gaps[first], radius);
+        if (!(gaps[first] <= radius * radius)) return;
+        testTriangle(c, first, frame.thin, radius);
         for (std::size_t i = 0; i < kClusterSize; ++i)
-            if (i != first) testTriangle(c, i, gaps[i], radius);
+            if (i != first && gaps[i] <= radius * radius) testTriangle(c, i, frame.thin, radius);
     }
 
-    void testTriangle(std::size_t c, std::size_t slot, float gap, float& radius) {
-        if (gap > radius * radius) return;
-        const Cluster& cluster = index.clusters_[c];
+    void testTriangle(std::size_t c, std::size_t slot, std::uint32_t thin, float& radius) {
+        const float* corners = index.clusters_[c].corners[slot];
         const auto corner = [&](int j) {
-            return Vec3{cluster.corners[3 * j][slot], cluster.corners[3 * j + 1][slot],
-                        cluster.corners[3 * j + 2][slot]};
+            return Vec3{corners[3 * j], corners[3 * j + 1], corners[3 * j + 2]};
         };
-        const TrianglePoint closest = cluster.thin[slot]
+        const TrianglePoint closest = thin >> slot & 1u
                                           ? closestOnThinTriangle(point, corner(0), corner(1), corner(2))
                                           : closestOnTriangle(point, corner(0), corner(1), corner(2));
         const Vec3 offset = point - closest.point;
@@ -181,13 +224,14 @@ struct ClosestPointIndex::Search {
         if (found ? !(distance2 < bestDistance2) : !(distance2 <= bestDistance2)) return;
         found = true;
         bestDistance2 = distance2;
-        triangle = std::min<std::size_t>(index.clusterStarts_[c] + slot, index.clusterStarts_[c + 1] - 1);
+        cluster = c;
+        clusterSlot = slot;
         best = closest;
         radius = std::min(radius, sphereRadius(std::sqrt(distance2)));
     }
 
-    // Seeds the search with the clusters either side of the point on the curve, then walks the
-    // scene.
+    // Seeds the search with the clusters either side of the point on the curve, the nearest
+    // first, then walks the scene.
     void run() {
         const double p[3] = {point.x, point.y, point.z};
         const std::uint64_t code = index.curve_.code(p);
@@ -197,16 +241,28 @@ struct ClosestPointIndex::Search {
             static_cast<std::size_t>(std::upper_bound(codes + index.codeBuckets_[bucket],
                                                       codes + index.codeBuckets_[bucket + 1], code) -
                                      codes);
-        if (next > 0) testCluster(next - 1, query.radius);
-        if (next < index.clusters_.size()) testCluster(next, query.radius);
-        if (found && bestDistance2 == 0.0) return;
-        RTCPointQueryContext context;
-        rtcInitPointQueryContext(&context);
-        rtcPointQuery(index.scene_, &query, &context, &Search::visit, this);
+        if (next > 0) seeds[numSeeds++] = next - 1;
+        if (next < index.clusters_.size()) seeds[numSeeds++] = next;
+        if (numSeeds == 2 && clusterGap(seeds[1]) < clusterGap(seeds[0])) std::swap(seeds[0], seeds[1]);
+        for (int i = 0; i < numSeeds; ++i) testCluster(seeds[i], query.radius);
+        if (!(found && bestDistance2 == 0.0)) {
+            RTCPointQueryContext context;
+            rtcInitPointQueryContext(&context);
+            rtcPointQuery(index.scene_, &query, &context, &Search::visit, this);
+        }
+    }
+
+    // The best hit's triangle, as a position on the curve (a short cluster repeats its last one).
+    std::size_t triangle() const {
+        return std::min<std::size_t>(index.clusterStarts_[cluster] + clusterSlot,
+                                     index.clusterStarts_[cluster + 1] - 1);
     }
 
     static bool visit(RTCPointQueryFunctionArguments* args) {
         Search& search = *static_cast<Search*>(args->userPtr);
+        if (std::find(search.seeds, search.seeds + search.numSeeds, args->primID) !=
+            search.seeds + search.numSeeds)
+            return false;
         const float radius = args->query->radius;
         search.testCluster(args->primID, args->query->radius);
         return args->query->radius < radius;
@@ -237,6 +293,7 @@ ClosestPointIndex::ClosestPointIndex(const ClosestPointMesh& mesh) {
         sources_.swap(sortedSources);
     }
     clusters_.reserve(corners.size() / (kClusterSize / 2) + 1);
+    frames_.reserve(clusters_.capacity());
     cluster(corners, order.codes, 0, corners.size());
     clusterStarts_.push_back(static_cast<std::uint32_t>(corners.size()));
     codeBuckets_.resize((std::size_t{1} << kBucketBits) + 1);
@@ -261,6 +318,7 @@ void ClosestPointIndex::release() {
     device_ = nullptr;
     faces_.clear();
     sources_.clear();
+    frames_.clear();
     clusters_.clear();
     clusterStarts_.clear();
     clusterCodes_.clear();
@@ -347,6 +405,7 @@ void ClosestPointIndex::addCluster(const std::vector<Corners>& corners,
                                    std::size_t end) {
     clusterStarts_.push_back(static_cast<std::uint32_t>(begin));
     clusterCodes_.push_back(codes[begin]);
+    ClusterFrame& frame = frames_.emplace_back();
     Cluster& cluster = clusters_.emplace_back();
     const auto triangle = [&](std::size_t slot) -> const Corners& {
         return corners[std::min(begin + slot, end - 1)];
@@ -364,34 +423,44 @@ void ClosestPointIndex::addCluster(const std::vector<Corners>& corners,
     normal = length > 0.0 && std::isfinite(length) ? normal * (1.0 / length) : Vec3{0.0, 0.0, 1.0};
     Vec3 across = cross(normal, std::fabs(normal.x) < 0.5 ? Vec3{1.0, 0.0, 0.0} : Vec3{0.0, 1.0, 0.0});
     across = across * (1.0 / std::sqrt(dot(across, across)));
-    const Vec3 axes[3] = {across, cross(normal, across), normal};
+    const Vec3 axes[2] = {across, cross(normal, across)};
     for (int k = 0; k < 3; ++k) {
-        cluster.origin[k] = toFloat(component(origin, k));
-        for (int axis = 0; axis < 3; ++axis)
-            cluster.axes[k][axis] = static_cast<float>(component(axes[k], axis));
+        frame.origin[k] = toFloat(component(origin, k));
+        for (int j = 0; j < 2; ++j) frame.axes[j][k] = static_cast<float>(component(axes[j], k));
     }
+    float third[3];
+    frameAxis(frame.axes, third);
+    const Vec3 keptAxes[3] = {{frame.axes[0][0], frame.axes[0][1], frame.axes[0][2]},
+                              {frame.axes[1][0], frame.axes[1][1], frame.axes[1][2]},
+                              {third[0], third[1], third[2]}};
     // The boxes are measured in doubles from the float origin and axes kept, and rounded outwards,
     // so that every corner lies inside its box.
-    const Vec3 keptOrigin{cluster.origin[0], cluster.origin[1], cluster.origin[2]};
+    const Vec3 keptOrigin{frame.origin[0], frame.origin[1], frame.origin[2]};
     const float inf = std::numeric_limits<float>::infinity();
     std::array<float, 6> box{inf, inf, inf, -inf, -inf, -inf};
+    for (int k = 0; k < 3; ++k) {
+        frame.lo[k] = inf;
+        frame.hi[k] = -inf;
+    }
+    frame.thin = 0;
     for (std::size_t slot = 0; slot < kClusterSize; ++slot) {
         const Corners& t = triangle(slot);
         for (int k = 0; k < 3; ++k) {
-            const Vec3 keptAxis{cluster.axes[k][0], cluster.axes[k][1], cluster.axes[k][2]};
             double lo = std::numeric_limits<double>::infinity(), hi = -lo;
             for (int j = 0; j < 3; ++j) {
-                const double along = dot(toVec3(t[j]) - keptOrigin, keptAxis);
+                const double along = dot(toVec3(t[j]) - keptOrigin, keptAxes[k]);
                 lo = std::min(lo, along);
                 hi = std::max(hi, along);
-                cluster.corners[3 * j + k][slot] = t[j][k];
+                cluster.corners[slot][3 * j + k] = t[j][k];
                 box[k] = std::min(box[k], t[j][k]);
                 box[3 + k] = std::max(box[3 + k], t[j][k]);
             }
             cluster.lo[k][slot] = roundDown(lo);
             cluster.hi[k][slot] = -roundDown(-hi);
+            frame.lo[k] = std::min(frame.lo[k], cluster.lo[k][slot]);
+            frame.hi[k] = std::max(frame.hi[k], cluster.hi[k][slot]);
         }
-        cluster.thin[slot] = isThin(toVec3(t[0]), toVec3(t[1]), toVec3(t[2]));
+        if (isThin(toVec3(t[0]), toVec3(t[1]), toVec3(t[2]))) frame.thin |= 1u << slot;
     }
     clusterBoxes_.push_back(box);
 }
@@ -433,7 +502,7 @@ bool ClosestPointIndex::closestPoint(const std::array<double, 3>& point, double 
     search.run();
     if (!search.found) return false;
 
-    const Source& source = sources_[search.triangle];
+    const Source& source = sources_[search.triangle()];
     const Face& face = faces_[source.face];
     hit.point = {search.best.point.x, search.best.point.y, search.best.point.z};
     hit.distance = std::sqrt(search.bestDistance2);

@@ -8,8 +8,9 @@
 //
 // A query first measures the clusters either side of the point on the curve, which gives a
 // search sphere barely larger than the answer, then walks the scene's tree with that sphere,
-// shrinking it as closer triangles turn up. Only triangles whose boxes reach into the sphere are
-// measured exactly.
+// shrinking it as closer triangles turn up. A cluster the walk reaches is measured by the box
+// around all its triangles in its frame before anything else of it is read; only triangles
+// whose own boxes reach into the sphere are measured exactly.
 #include "mesh/MortonCurve.h"
 
 #include <array>
@@ -78,17 +79,23 @@ private:
     using Corners = std::array<std::array<float, 3>, 3>;
     // Triangles per cluster at most.
     static constexpr std::size_t kClusterSize = 8;
-    // Neighbouring triangles side by side. The frame: an origin and three orthonormal axes (a row
-    // each). Triangle i lies in the box lo[k][i]..hi[k][i] along axis k, coordinate c of its
-    // corner j is corners[3 * j + c][i], and thin[i] tells whether it is thin. A short cluster
-    // repeats its last triangle.
-    struct Cluster {
+    // A cluster's frame and the box of all its triangles in that frame, in one cache line, so
+    // that a cluster out of reach costs a single read. The frame is an origin and two orthonormal
+    // axes; the third (frameAxis) is their cross product, along the triangles' mean normal. Bit i
+    // of thin tells whether triangle i is thin.
+    struct alignas(64) ClusterFrame {
         float origin[3];
-        float axes[3][3];
+        float axes[2][3];
+        float lo[3], hi[3];
+        std::uint32_t thin;
+    };
+    // Neighbouring triangles side by side: triangle i lies in the box lo[k][i]..hi[k][i] along
+    // axis k of the cluster's frame, and its corners are corners[i] (corner j's coordinate c at
+    // 3 * j + c). A short cluster repeats its last triangle.
+    struct Cluster {
         float lo[3][kClusterSize];
         float hi[3][kClusterSize];
-        float corners[9][kClusterSize];
-        bool thin[kClusterSize];
+        float corners[kClusterSize][9];
     };
     struct Search;
 
@@ -107,6 +114,7 @@ private:
     std::vector<Face> faces_;
     // The triangles along the curve.
     std::vector<Source> sources_;
+    std::vector<ClusterFrame> frames_;
     std::vector<Cluster> clusters_;
     // Where each cluster's run of triangles starts, and where the last one ends; with the curve
     // code at each start, to find the clusters beside a point.
