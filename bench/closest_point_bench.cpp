@@ -1,7 +1,8 @@
 // Closest-point queries on a million-vertex sphere: building the index, and a million queries at
 // points within 1% of the radius from the surface, in random order, in the order of the mesh's
 // vertices, and in random order spread over all cores; and a million at the mirrored vertices
-// themselves, in vertex order, as the mirroring commands ask about a symmetric mesh.
+// themselves, in vertex order, as the mirroring commands ask about a symmetric mesh, and at the
+// mirrored vertices moved off them at random, as they ask about a scanned one.
 #include <benchmark/benchmark.h>
 
 #include <maya/MFloatPointArray.h>
@@ -9,6 +10,7 @@
 #include <maya/MGlobal.h>
 #include <maya/MMeshIntersector.h>
 #include <maya/MSelectionList.h>
+#include <maya/MVector.h>
 
 #include "engine/Scene.h"
 #include "engine/Session.h"
@@ -68,6 +70,16 @@ std::vector<MPoint> mirroredVertices(const MObject& sphere, bool offSurface) {
     return points;
 }
 
+// The sphere's vertices mirrored across x, in vertex order, each moved in a random direction by
+// up to 1% of the radius, as the vertices of a scanned, not quite symmetric mesh lie.
+std::vector<MPoint> jitteredMirroredVertices(const MObject& sphere) {
+    std::mt19937 random(7);
+    std::uniform_real_distribution<double> offset(-0.01 / std::sqrt(3.0), 0.01 / std::sqrt(3.0));
+    std::vector<MPoint> points = mirroredVertices(sphere, false);
+    for (MPoint& p : points) p += MVector(offset(random), offset(random), offset(random));
+    return points;
+}
+
 void queryAll(benchmark::State& state, MObject& sphere, const std::vector<MPoint>& points, unsigned threads) {
     MMeshIntersector intersector;
     if (!intersector.create(sphere)) state.SkipWithError("create failed");
@@ -115,6 +127,12 @@ void meshClosestPointOnSurfaceVertexOrderQueries(benchmark::State& state) {
     queryAll(state, sphere, mirroredVertices(sphere, false), 1);
 }
 BENCHMARK(meshClosestPointOnSurfaceVertexOrderQueries)->Unit(benchmark::kMillisecond)->Iterations(1);
+
+void meshClosestPointJitteredVertexOrderQueries(benchmark::State& state) {
+    MObject sphere = millionVertexSphere();
+    queryAll(state, sphere, jitteredMirroredVertices(sphere), 1);
+}
+BENCHMARK(meshClosestPointJitteredVertexOrderQueries)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 void meshClosestPointThreadedRandomQueries(benchmark::State& state) {
     MObject sphere = millionVertexSphere();
