@@ -17,8 +17,11 @@ public:
     bool empty() const { return size() == 0; }
 
     T* find(uint32_t key) {
-        auto it = std::lower_bound(keys_.begin(), keys_.end(), key);
-        if (it != keys_.end() && *it == key) return &values_[static_cast<std::size_t>(it - keys_.begin())];
+        const std::size_t position = positionOf(key);
+        if (position < keys_.size() && keys_[position] == key) {
+            lastFound_ = position;
+            return &values_[position];
+        }
         if (pendingKeys_.empty()) return nullptr;
         auto p = pendingIndex_.find(key);
         return p == pendingIndex_.end() ? nullptr : &pendingValues_[p->second];
@@ -86,6 +89,15 @@ public:
     }
 
 private:
+    // Where key is, or would go, among the merged keys. Elements visited in ascending order (as
+    // commands read and write whole maps) are found at or just after the last one found, without a
+    // search.
+    std::size_t positionOf(uint32_t key) const {
+        for (std::size_t p = lastFound_; p < keys_.size() && p <= lastFound_ + 1; ++p)
+            if (keys_[p] == key) return p;
+        return static_cast<std::size_t>(std::lower_bound(keys_.begin(), keys_.end(), key) - keys_.begin());
+    }
+
     static T cloneValue(const T& v) {
         if constexpr (std::is_copy_constructible_v<T>)
             return v;
@@ -126,6 +138,8 @@ private:
     mutable std::vector<uint32_t> pendingKeys_;
     mutable std::vector<T> pendingValues_;
     mutable std::unordered_map<uint32_t, std::size_t> pendingIndex_;
+    // Only a guess, checked before use.
+    std::size_t lastFound_ = 0;
 };
 
 } // namespace host
