@@ -241,8 +241,16 @@ NodePtr Scene::findNode(const std::string& rawPath, std::string* error) const {
 
 std::string Scene::fullPath(const Node& node) const {
     if (!node.isDag()) return node.name();
-    std::string path;
-    for (const Node* n = &node; n; n = n->parent()) path = "|" + n->name() + path;
+    // Filled from the leaf backwards into its final size: prepending copies the path once per level,
+    // which a deep hierarchy makes quadratic.
+    std::size_t size = 0;
+    for (const Node* n = &node; n; n = n->parent()) size += 1 + n->name().size();
+    std::string path(size, '|');
+    for (const Node* n = &node; n; n = n->parent()) {
+        size -= n->name().size();
+        path.replace(size, n->name().size(), n->name());
+        --size;
+    }
     return path;
 }
 

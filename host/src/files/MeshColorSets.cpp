@@ -51,12 +51,24 @@ std::vector<FaceRecord> recordsOf(const std::vector<std::string>& words) {
     return records;
 }
 
-// The colours of one ".clst" element: its name and its ".clsp" colours by index.
+// The colours of one ".clst" element: its name and its ".clsp" colours by index, looked up where they
+// are stored, since a file may give any index.
 struct FileColorSet {
     int index = 0;
     std::string name;
-    std::vector<std::array<float, 4>> colors;
+    const SparseArray<Slot>* colors = nullptr;
 };
+
+// Colour `id` of the set; false when the file does not give it.
+bool colorOf(const FileColorSet& set, int id, std::array<float, 4>& out) {
+    const Slot* point = id >= 0 && set.colors ? set.colors->find(static_cast<uint32_t>(id)) : nullptr;
+    if (!point) return false;
+    for (std::size_t c = 0; c < 4; ++c)
+        out[c] = point->children && c < point->children->size()
+                     ? static_cast<float>(valueAsDouble((*point->children)[c].value))
+                     : (c == 3 ? 1.f : 0.f);
+    return true;
+}
 
 std::vector<FileColorSet> colorSetsOf(const Node& shape, const AttrSpec& clst) {
     std::vector<FileColorSet> sets;
@@ -75,19 +87,7 @@ std::vector<FileColorSet> colorSetsOf(const Node& shape, const AttrSpec& clst) {
                     std::get_if<std::string>(&children[static_cast<std::size_t>(nameAttr->index)].value))
                 set.name = *name;
         const std::size_t pointsIndex = static_cast<std::size_t>(pointsAttr->index);
-        if (pointsIndex < children.size() && children[pointsIndex].elements) {
-            const auto& points = *children[pointsIndex].elements;
-            set.colors.assign(points.size() == 0 ? 0 : points.keyAt(points.size() - 1) + 1,
-                              {0.f, 0.f, 0.f, -1.f});
-            for (std::size_t q = 0; q < points.size(); ++q) {
-                auto& color = set.colors[points.keyAt(q)];
-                const Slot& point = points.valueAt(q);
-                for (std::size_t c = 0; c < 4; ++c)
-                    color[c] = point.children && c < point.children->size()
-                                   ? static_cast<float>(valueAsDouble((*point.children)[c].value))
-                                   : (c == 3 ? 1.f : 0.f);
-            }
-        }
+        if (pointsIndex < children.size()) set.colors = children[pointsIndex].elements.get();
         if (!set.name.empty()) sets.push_back(std::move(set));
     }
     return sets;
@@ -173,11 +173,9 @@ void adoptColorSets(Node& shape, NodeFileInfo& info) {
                 if (fileSets[s].index != r.set) continue;
                 adopted = true;
                 for (std::size_t k = 0; k < r.indices.size() && k < static_cast<std::size_t>(count); ++k) {
-                    const int id = r.indices[k];
                     const auto vertex = static_cast<std::size_t>(mesh->faceConnects[corner + k]);
-                    if (id >= 0 && static_cast<std::size_t>(id) < fileSets[s].colors.size() &&
-                        vertex < sets[s].colors.size() && !isSet(sets[s].colors[vertex]))
-                        sets[s].colors[vertex] = fileSets[s].colors[static_cast<std::size_t>(id)];
+                    if (vertex < sets[s].colors.size() && !isSet(sets[s].colors[vertex]))
+                        colorOf(fileSets[s], r.indices[k], sets[s].colors[vertex]);
                 }
             }
             if (adopted) continue;

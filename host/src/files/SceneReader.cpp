@@ -334,12 +334,15 @@ bool loadSceneText(const std::string& path, std::string& text, std::string& erro
 
 bool readSceneText(const std::string& path, std::string_view text, SceneReadReport& report,
                    std::string& error) {
-    const bool wasReading = fileReadingMode();
+    // Restored however reading ends: an exception must not leave commands in file reading mode.
+    struct ReadingMode {
+        const bool was = fileReadingMode();
+        ~ReadingMode() { setFileReadingMode(was); }
+    } mode;
     setFileReadingMode(true);
     const bool ok = FileReader(path, report).run(text, error);
     for (const NodePtr& node : scene().nodes())
         if (node->type().isA("mesh")) adoptColorSets(*node, sceneFileStore().info(*node));
-    setFileReadingMode(wasReading);
     setCurrentNode(nullptr);
     scene().activeSelection().clear();
     return ok;
