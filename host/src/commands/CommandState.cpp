@@ -1,6 +1,6 @@
 #include "commands/CommandState.h"
 
-#include "engine/Scene.h"
+#include "engine/Node.h"
 
 namespace host {
 
@@ -31,9 +31,7 @@ void setCurrentNode(const NodePtr& node) {
 
 NodePtr currentNode() {
     NodePtr node = currentHolder().lock();
-    if (!node || !node->alive()) return nullptr;
-    // A node kept alive by a handle after `file -new` belongs to no scene any more.
-    return scene().findNode(scene().fullPath(*node)) == node ? node : nullptr;
+    return node && node->alive() ? node : nullptr;
 }
 
 } // namespace host

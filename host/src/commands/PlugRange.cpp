@@ -44,11 +44,15 @@ Plug withIndexAt(const Plug& plug, int level, uint32_t index) {
 bool PlugRange::resolve(const std::string& text, std::string& error) {
     level_ = -1;
     const std::size_t dot = text.find('.');
+    // The first '[' whose next ']' has a ':' before it. The next ']' and ':' only move forwards
+    // from one '[' to the next, so the text is read once however many brackets it holds.
     std::size_t open = std::string::npos, close = std::string::npos, colon = std::string::npos;
+    std::size_t end = 0, sep = 0;
     for (std::size_t at = text.find('[', dot); at != std::string::npos; at = text.find('[', at + 1)) {
-        const std::size_t end = text.find(']', at);
-        const std::size_t sep = text.find(':', at);
-        if (end != std::string::npos && sep < end) {
+        if (end <= at) end = text.find(']', at);
+        if (sep <= at) sep = text.find(':', at);
+        if (end == std::string::npos || sep == std::string::npos) break;
+        if (sep < end) {
             open = at;
             close = end;
             colon = sep;

@@ -47,6 +47,10 @@ Scene::Scene() {
     createNode("shadingEngine", "initialShadingGroup", nullptr, &ignored);
 }
 
+Scene::~Scene() {
+    for (const NodePtr& node : nodes_) node->kill();
+}
+
 bool Scene::nameAvailable(const std::string& name, const Node* parent, const Node* self) const {
     auto range = byName_.equal_range(name);
     for (auto it = range.first; it != range.second; ++it) {

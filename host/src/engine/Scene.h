@@ -27,6 +27,8 @@ using OptionValue =
 class Scene {
 public:
     Scene();
+    // Handles that outlive the scene (after `file -new`) see its nodes as deleted.
+    ~Scene();
     Scene(const Scene&) = delete;
     Scene& operator=(const Scene&) = delete;
 
