@@ -1,6 +1,5 @@
 #include "api/command/WordValue.h"
 
-#include "api/command/PlainNumber.h"
 #include "core/common/TextNumbers.h"
 
 #include <cctype>
@@ -17,11 +16,6 @@ bool equalsIgnoringCase(std::string_view word, std::string_view lower) {
         if (std::tolower(static_cast<unsigned char>(word[i])) != lower[i]) return false;
     }
     return true;
-}
-
-// An integer as MString reads it: strtoll's whole-word value.
-bool parseLongWord(std::string_view word, long long& value) {
-    return readPlainInteger(word, value) || common::parseLong(word, value);
 }
 
 } // namespace
@@ -53,7 +47,7 @@ bool parseBoolWord(std::string_view word, bool& value) {
 
 bool parseIntWord(std::string_view word, int& value) {
     long long wide = 0;
-    if (!parseLongWord(word, wide) || wide < std::numeric_limits<int>::min() ||
+    if (!common::parseLong(word, wide) || wide < std::numeric_limits<int>::min() ||
         wide > std::numeric_limits<int>::max())
         return false;
     value = static_cast<int>(wide);
@@ -62,7 +56,7 @@ bool parseIntWord(std::string_view word, int& value) {
 
 bool parseUnsignedWord(std::string_view word, unsigned int& value) {
     long long wide = 0;
-    if (!parseLongWord(word, wide) || wide < 0 || wide > std::numeric_limits<unsigned int>::max())
+    if (!common::parseLong(word, wide) || wide < 0 || wide > std::numeric_limits<unsigned int>::max())
         return false;
     value = static_cast<unsigned int>(wide);
     return true;
@@ -70,7 +64,7 @@ bool parseUnsignedWord(std::string_view word, unsigned int& value) {
 
 bool parseDoubleWord(std::string_view word, double& value) {
     double parsed = 0;
-    if (!readPlainDouble(word, parsed) && !common::parseDouble(word, parsed)) return false;
+    if (!common::parseDouble(word, parsed)) return false;
     if (!std::isfinite(parsed)) return false;
     value = parsed;
     return true;

@@ -4,7 +4,7 @@
 // (spaces, '+', hexadecimal, inf, many digits).
 #include <string_view>
 
-namespace host {
+namespace common {
 
 // [-]digits, one to eighteen of them.
 bool readPlainInteger(std::string_view word, long long& value);
@@ -14,4 +14,4 @@ bool readPlainInteger(std::string_view word, long long& value);
 // division of exact doubles, the same double strtod gives.
 bool readPlainDouble(std::string_view word, double& value);
 
-} // namespace host
+} // namespace common

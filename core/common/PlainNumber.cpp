@@ -1,8 +1,8 @@
-#include "api/command/PlainNumber.h"
+#include "core/common/PlainNumber.h"
 
 #include <cstdint>
 
-namespace host {
+namespace common {
 
 namespace {
 
@@ -63,4 +63,4 @@ bool readPlainDouble(std::string_view word, double& value) {
     return true;
 }
 
-} // namespace host
+} // namespace common

@@ -1,6 +1,6 @@
 // Command words read as numbers: the fast reading of plain numbers must give exactly what the
 // general conversions give, and every word must read as MString reads it.
-#include "api/command/PlainNumber.h"
+#include "core/common/PlainNumber.h"
 #include "api/command/WordValue.h"
 #include "core/common/TextNumbers.h"
 
@@ -53,8 +53,8 @@ TEST(PlainNumberTest, ReadsOnlyPlainNumbers) {
     for (const auto& c : cases) {
         long long integer = 0;
         double real = 0;
-        EXPECT_EQ(host::readPlainInteger(c.word, integer), c.integer) << c.word;
-        EXPECT_EQ(host::readPlainDouble(c.word, real), c.real) << c.word;
+        EXPECT_EQ(common::readPlainInteger(c.word, integer), c.integer) << c.word;
+        EXPECT_EQ(common::readPlainDouble(c.word, real), c.real) << c.word;
     }
 }
 
@@ -74,13 +74,13 @@ TEST(PlainNumberTest, AgreesExactlyWithStrtod) {
         if (random() % 3 == 0) word += "e" + std::string(random() % 2 ? "-" : "") + digits(1 + random() % 2);
         double fast = 0;
         double general = 0;
-        if (!host::readPlainDouble(word, fast)) continue;
+        if (!common::readPlainDouble(word, fast)) continue;
         ++accepted;
         ASSERT_TRUE(common::parseDouble(word, general)) << word;
         ASSERT_TRUE(sameDouble(fast, general)) << word;
         long long integer = 0;
         long long wide = 0;
-        if (host::readPlainInteger(word, integer)) {
+        if (common::readPlainInteger(word, integer)) {
             ASSERT_TRUE(common::parseLong(word, wide)) << word;
             ASSERT_EQ(integer, wide) << word;
         }
