@@ -1,7 +1,7 @@
 // Command words read as numbers: the fast reading of plain numbers must give exactly what the
 // general conversions give, and every word must read as MString reads it.
-#include "core/common/PlainNumber.h"
 #include "api/command/WordValue.h"
+#include "core/common/PlainNumber.h"
 #include "core/common/TextNumbers.h"
 
 #include <maya/MString.h>
