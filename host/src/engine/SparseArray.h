@@ -139,7 +139,7 @@ private:
     mutable std::vector<T> pendingValues_;
     mutable std::unordered_map<uint32_t, std::size_t> pendingIndex_;
     // Only a guess, checked before use.
-    std::size_t lastFound_ = 0;
+    mutable std::size_t lastFound_ = 0;
 };
 
 } // namespace host
