@@ -181,19 +181,18 @@ struct ClosestPointIndex::Search {
         for (int k = 0; k < 3; ++k) gap += boxGap(at, frame.lo[k], frame.hi[k], k);
         return gap * kShrink;
     }
-    float clusterGap(std::size_t c) const {
-        const ClusterFrame& frame = index.frames_[c];
-        return frameGap(frame, local(frame));
-    }
-
     // Measures the triangles of a cluster whose boxes reach into the sphere, the nearest box
     // first: its triangle most likely shrinks the sphere for the others. The cluster's own box
     // is tried first, in the one cache line of its frame.
     void testCluster(std::size_t c, float& radius) {
+        const ClusterFrame& frame = index.frames_[c];
+        testCluster(c, local(frame), radius);
+    }
+    // The same, with the point already brought into the cluster's frame.
+    void testCluster(std::size_t c, const Local& at, float& radius) {
         // Nothing beats a hit at the point itself.
         if (found && bestDistance2 == 0.0) return;
         const ClusterFrame& frame = index.frames_[c];
-        const Local at = local(frame);
         if (frameGap(frame, at) > radius * radius) return;
         const Cluster& body = index.clusters_[c];
         static_assert(kClusterSize % kLanes == 0, "whole lanes per cluster");
@@ -243,8 +242,19 @@ struct ClosestPointIndex::Search {
                                      codes);
         if (next > 0) seeds[numSeeds++] = next - 1;
         if (next < index.clusters_.size()) seeds[numSeeds++] = next;
-        if (numSeeds == 2 && clusterGap(seeds[1]) < clusterGap(seeds[0])) std::swap(seeds[0], seeds[1]);
-        for (int i = 0; i < numSeeds; ++i) testCluster(seeds[i], query.radius);
+        // The nearer seed first; each is brought into its frame once.
+        Local at[2];
+        float gaps[2];
+        for (int i = 0; i < numSeeds; ++i) {
+            const ClusterFrame& frame = index.frames_[seeds[i]];
+            at[i] = local(frame);
+            gaps[i] = frameGap(frame, at[i]);
+        }
+        if (numSeeds == 2 && gaps[1] < gaps[0]) {
+            std::swap(seeds[0], seeds[1]);
+            std::swap(at[0], at[1]);
+        }
+        for (int i = 0; i < numSeeds; ++i) testCluster(seeds[i], at[i], query.radius);
         if (!(found && bestDistance2 == 0.0)) {
             RTCPointQueryContext context;
             rtcInitPointQueryContext(&context);
