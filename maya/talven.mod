@@ -1,2 +1,3 @@
-+ talven 5.10.0 .
++ MAYAVERSION:2023 PLATFORM:linux talven 5.10.0 .
 plug-ins: plug-ins
+scripts: scripts

@@ -66,7 +66,7 @@ void reportFailure(const MStatus& status, const char* action, const char* name) 
 
 } // namespace
 
-MStatus initializePlugin(MObject obj) {
+PLUGIN_EXPORT MStatus initializePlugin(MObject obj) {
     MFnPlugin plugin(obj, "Talven", "5.10.0", "Any");
     for (const CommandEntry& command : commands)
         reportFailure(plugin.registerCommand(command.name, command.creator, command.syntax), "Register ",
@@ -77,7 +77,7 @@ MStatus initializePlugin(MObject obj) {
     return status;
 }
 
-MStatus uninitializePlugin(MObject obj) {
+PLUGIN_EXPORT MStatus uninitializePlugin(MObject obj) {
     MFnPlugin plugin(obj);
     for (const CommandEntry& command : commands)
         reportFailure(plugin.deregisterCommand(command.name), "Deregister ", command.name);

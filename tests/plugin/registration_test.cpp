@@ -50,7 +50,7 @@ protected:
 
     static bool registered(const std::string& name) { return host::commandTable().find(name) != nullptr; }
     static bool ownedByPlugin(const std::string& name) {
-        return host::talvenPlugin().commands.count(name) > 0;
+        return host::talvenPlugin().command(name) != nullptr;
     }
 
     static std::vector<std::string> errors() {

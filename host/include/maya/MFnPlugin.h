@@ -34,3 +34,7 @@ public:
     MStatus registerContextCommand(const MString& commandName, MCreatorFunction creatorFunction);
     MStatus deregisterContextCommand(const MString& commandName);
 };
+
+// The entry points every plug-in defines.
+PLUGIN_EXPORT MStatus initializePlugin(MObject obj);
+PLUGIN_EXPORT MStatus uninitializePlugin(MObject obj);

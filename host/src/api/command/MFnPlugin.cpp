@@ -7,24 +7,27 @@
 
 #include <maya/MSyntax.h>
 
+#include <algorithm>
+
 namespace {
 
 void setStatus(MStatus* status) {
     if (status) *status = MS::kSuccess;
 }
 
-MStatus addCommand(const MString& name, host::CommandHandler handler, bool context) {
-    if (name.length() == 0) return MS::kInvalidParameter;
-    if (!host::commandTable().add(name.str(), std::move(handler), host::ArgForm::Words)) return MS::kFailure;
-    host::talvenPlugin().commands[name.str()] = context;
+MStatus addCommand(host::RegisteredCommand entry, host::CommandHandler handler) {
+    if (entry.name.empty()) return MS::kInvalidParameter;
+    if (!host::commandTable().add(entry.name, std::move(handler), host::ArgForm::Words)) return MS::kFailure;
+    host::talvenPlugin().commands.push_back(std::move(entry));
     return MS::kSuccess;
 }
 
 // Removes a command this plug-in registered with the same kind of call.
 MStatus removeCommand(const MString& name, bool context) {
     auto& commands = host::talvenPlugin().commands;
-    auto it = commands.find(name.str());
-    if (it == commands.end() || it->second != context) return MS::kFailure;
+    const auto it = std::find_if(commands.begin(), commands.end(),
+                                 [&](const host::RegisteredCommand& entry) { return entry.name == name.str(); });
+    if (it == commands.end() || it->context != context) return MS::kFailure;
     commands.erase(it);
     host::commandTable().remove(name.str());
     if (context) host::removeContextsOf(name.str());
@@ -79,7 +82,8 @@ MStatus MFnPlugin::registerCommand(const MString& commandName, MCreatorFunction 
                                    MCreateSyntaxFunction createSyntaxFunction) {
     if (!creatorFunction) return MS::kInvalidParameter;
     const MSyntax syntax = createSyntaxFunction ? createSyntaxFunction() : MSyntax();
-    return addCommand(commandName, host::pluginCommandHandler(creatorFunction, syntax), false);
+    return addCommand({commandName.str(), false, creatorFunction, syntax},
+                      host::pluginCommandHandler(creatorFunction, syntax));
 }
 
 MStatus MFnPlugin::deregisterCommand(const MString& commandName) {
@@ -88,7 +92,8 @@ MStatus MFnPlugin::deregisterCommand(const MString& commandName) {
 
 MStatus MFnPlugin::registerContextCommand(const MString& commandName, MCreatorFunction creatorFunction) {
     if (!creatorFunction) return MS::kInvalidParameter;
-    return addCommand(commandName, host::contextCommandHandler(commandName.str(), creatorFunction), true);
+    return addCommand({commandName.str(), true, creatorFunction, MSyntax()},
+                      host::contextCommandHandler(commandName.str(), creatorFunction));
 }
 
 MStatus MFnPlugin::deregisterContextCommand(const MString& commandName) {

@@ -1,18 +1,22 @@
 #include "api/command/PluginRegistry.h"
 
+#include <maya/MFnPlugin.h>
 #include <maya/MObject.h>
 #include <maya/MStatus.h>
 
 #include <filesystem>
-
-// Defined by the plug-in, as Maya expects of every plug-in.
-MStatus initializePlugin(MObject obj);
 
 namespace host {
 
 PluginRecord& talvenPlugin() {
     static PluginRecord record;
     return record;
+}
+
+const RegisteredCommand* PluginRecord::command(const std::string& commandName) const {
+    for (const RegisteredCommand& entry : commands)
+        if (entry.name == commandName) return &entry;
+    return nullptr;
 }
 
 bool namesTalvenPlugin(const std::string& word) {

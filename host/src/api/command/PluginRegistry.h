@@ -4,10 +4,22 @@
 // it can only deregister its own.
 #include "engine/MessageLog.h"
 
-#include <map>
+#include <maya/MSyntax.h>
+#include <maya/MTypes.h>
+
 #include <string>
+#include <vector>
 
 namespace host {
+
+// A command the plug-in registered. A plain command's syntax is kept for the command reference; a
+// context command's comes from its appendSyntax().
+struct RegisteredCommand {
+    std::string name;
+    bool context = false;
+    MCreatorFunction creator = nullptr;
+    MSyntax syntax;
+};
 
 struct PluginRecord {
     std::string name = "talven";
@@ -16,7 +28,9 @@ struct PluginRecord {
     std::string apiVersion = "Any";
     bool loading = false; // initializePlugin is running
     bool loaded = false;
-    std::map<std::string, bool> commands; // registered name -> is a context command
+    std::vector<RegisteredCommand> commands; // in the order of registration
+
+    const RegisteredCommand* command(const std::string& name) const;
 };
 
 PluginRecord& talvenPlugin();
