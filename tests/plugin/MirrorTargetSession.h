@@ -1,7 +1,7 @@
 #pragma once
 // Fixture for the target mirror and split commands: a plane "pl" of 2 x 2 faces deformed by the
-// blend shape "bs" (target 0 made from its duplicate "shape"), and target data written and read as
-// (vertex, delta) lists.
+// blend shape "bs" (target 0 made from its duplicate "shape") on request, and target data of "bs"
+// written and read as (vertex, delta) lists.
 #include "EditWeightsSession.h"
 
 #include "plugin/vertexOrderMap.h"
@@ -19,8 +19,7 @@ public:
 
 protected:
     // Vertex v lies at x = v % 3 - 1, z = 1 - v / 3: pairs 0-2, 3-5, 6-8 across x; 1, 4, 7 on x = 0.
-    void SetUp() override {
-        EditWeightsSession::SetUp();
+    static void makeDeformedPlane() {
         must("polyPlane -n pl -w 2 -h 2 -sx 2 -sy 2; duplicate -n shape pl; blendShape -n bs shape pl");
         must("select -cl");
     }

@@ -15,6 +15,7 @@ protected:
     const Target other = {{5, {9, 9, 9}}};
     void SetUp() override {
         MirrorTargetSession::SetUp();
+        makeDeformedPlane();
         must("polyPlane -n other -w 2 -h 2 -sx 2 -sy 2; createNode transform -n group; select -cl");
         setTarget(0, source);
         setTarget(1, other);

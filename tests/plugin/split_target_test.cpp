@@ -15,6 +15,7 @@ class SplitTarget : public MirrorTargetSession {
 protected:
     void SetUp() override {
         MirrorTargetSession::SetUp();
+        makeDeformedPlane();
         setTarget(0, every({1, 2, 3}));
     }
     static Target every(std::array<double, 3> delta) {
