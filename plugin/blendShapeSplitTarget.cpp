@@ -3,6 +3,7 @@
 #include "commandSupport.h"
 #include "common.h"
 #include "core/targets/SplitWeights.h"
+#include "targetCommandChecks.h"
 #include "targetDeltas.h"
 
 #include <maya/MArgDatabase.h>
@@ -63,38 +64,14 @@ MStatus blendShapeSplitTarget::doIt(const MArgList& args) {
     status = parseArguments(argData);
     if (!status) return status;
 
-    MSelectionList objects;
-    status = argData.getObjects(objects);
-    if (!status) {
-        MGlobal::displayError("Error getting objects");
-        setResult(0);
-        return status;
-    }
-    if (objects.length() == 0) {
-        displayError("No blend shape node provided.");
-        setResult(0);
-        return MS::kFailure;
-    }
-    objects.getDependNode(0, blendShapeNode);
-    if (!blendShapeNode.hasFn(MFn::kBlendShape)) {
-        displayError("The node is not a blend shape node.");
-        setResult(0);
-        return MS::kFailure;
-    }
-    if (originalMeshName.length() == 0) {
-        MGlobal::displayError("The original mesh is not defined.");
-        setResult(0);
-        return MS::kSuccess;
-    }
+    status = common::getBlendShapeObject(argData, blendShapeNode);
+    if (!status) return status;
+    if (!common::originalMeshGiven(originalMeshName)) return MS::kSuccess;
     if (!checkOriginalMesh()) {
         setResult(0);
         return MS::kSuccess;
     }
-    if (axis != "x" && axis != "y" && axis != "z") {
-        MGlobal::displayError("The axis string is not correcty defined. Use x, y, or z.");
-        setResult(0);
-        return MS::kSuccess;
-    }
+    if (!common::validAxis(axis)) return MS::kSuccess;
     if (index < -1) {
         MString message("No weight map has the index ");
         message += index;
