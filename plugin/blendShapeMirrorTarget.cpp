@@ -151,25 +151,8 @@ bool blendShapeMirrorTarget::resolveMeshes() {
     if (list.length() != names.length()) return true;
 
     for (unsigned int i = 0; i < list.length(); ++i) {
-        MStringArray typed;
-        list.getSelectionStrings(i, typed);
-        const MString name = typed.length() ? typed[0] : names[i];
         MDagPath path;
-        if (!list.getDagPath(i, path)) {
-            MGlobal::displayError(name + " is not a mesh object.");
-            return false;
-        }
-        if (path.node().hasFn(MFn::kTransform)) {
-            if (path.childCount() == 0) {
-                MGlobal::displayError(name + " has no shape node.");
-                return false;
-            }
-            path.push(path.child(0));
-        }
-        if (!path.node().hasFn(MFn::kMesh)) {
-            MGlobal::displayError(name + " is not a mesh object.");
-            return false;
-        }
+        if (!common::meshShapeAt(list, i, path)) return false;
         if (i == 0) {
             originalMesh = path;
             if (orderMeshName == originalMeshName) orderMesh = path;

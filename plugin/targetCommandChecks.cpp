@@ -3,6 +3,7 @@
 #include <maya/MGlobal.h>
 #include <maya/MPxCommand.h>
 #include <maya/MSelectionList.h>
+#include <maya/MStringArray.h>
 
 namespace common {
 
@@ -40,6 +41,28 @@ bool validAxis(const MString& axis) {
     MGlobal::displayError("The axis string is not correcty defined. Use x, y, or z.");
     MPxCommand::setResult(0);
     return false;
+}
+
+bool meshShapeAt(const MSelectionList& list, unsigned int i, MDagPath& path) {
+    MStringArray typed;
+    list.getSelectionStrings(i, typed);
+    const MString name = typed.length() ? typed[0] : MString();
+    if (!list.getDagPath(i, path)) {
+        MGlobal::displayError(name + " is not a mesh object.");
+        return false;
+    }
+    if (path.node().hasFn(MFn::kTransform)) {
+        if (path.childCount() == 0) {
+            MGlobal::displayError(name + " has no shape node.");
+            return false;
+        }
+        path.push(path.child(0));
+    }
+    if (!path.node().hasFn(MFn::kMesh)) {
+        MGlobal::displayError(name + " is not a mesh object.");
+        return false;
+    }
+    return true;
 }
 
 } // namespace common

@@ -2,7 +2,9 @@
 // The argument checks that the target commands share, each showing its error when it fails and
 // setting the command's result to 0.
 #include <maya/MArgDatabase.h>
+#include <maya/MDagPath.h>
 #include <maya/MObject.h>
+#include <maya/MSelectionList.h>
 #include <maya/MStatus.h>
 #include <maya/MString.h>
 
@@ -18,5 +20,9 @@ bool originalMeshGiven(const MString& name);
 
 // False after showing the axis message for anything but "x", "y" or "z".
 bool validAxis(const MString& axis);
+
+// Entry i of the list as a mesh shape; a transform stands for its first child. Otherwise shows
+// the name as typed followed by " has no shape node." or " is not a mesh object." and returns false.
+bool meshShapeAt(const MSelectionList& list, unsigned int i, MDagPath& path);
 
 } // namespace common
