@@ -41,8 +41,8 @@ TEST_F(MirrorTarget, ModesWriteAndUndoRestores) {
          source},
         // Another destination gets the source's data back on undo, not its own.
         {"-om pl -ti 1", 1, symmetric, source},
-        // Apply: only the mirrored deltas, centre ones unchanged; undo restores the destination.
-        {"-om pl -t 2 -ti 1", 1, {{0, {-1, 2, 3}}, {4, {-0.5, 1, 0}}}, other},
+        // Apply: every delta mirrored, centre ones unchanged; undo restores the destination.
+        {"-om pl -t 2 -ti 1", 1, {{0, {-1, 2, 3}}, {4, {-0.5, 1, 0}}, {2, {-7, 0, 0}}}, other},
         // Flip runs with the direction inverted: every delta moves to its partner.
         {"-om pl -f 1", 0, {{0, {-1, 2, 3}}, {4, {0, 1, 0}}, {2, {-7, 0, 0}}}, source},
         {"-om pl -f 1 -t 2 -ti 1", 1, {{0, {-1, 2, 3}}, {4, {-0.5, 1, 0}}, {2, {-7, 0, 0}}}, other},
@@ -105,9 +105,10 @@ TEST_F(MirrorTarget, CopyCreatesTargetsAndUndoRemovesThem) {
     EXPECT_TRUE(components(3).empty());
     exec("aliasAttr -q bs.mirrored", false);
 
-    // In-betweens: item 5500 at weight 0.5; item 4500 wraps to a huge weight that the host turns
-    // back into item 4500. Undo removes the item only.
+    // In-betweens, read from and written to the same item: 5500 at weight 0.5; 4500 wraps to a huge
+    // weight that the host turns back into item 4500. Undo removes the item only.
     for (const unsigned int item : {5500u, 4500u}) {
+        setTarget(0, source, item);
         const std::string arguments = "-om pl -m pl -t 1 -ib 1 -ti 1 -tn half -tit " + std::to_string(item);
         EXPECT_EQ(mirror(arguments), CommandResult(1)) << arguments;
         EXPECT_EQ(target(1, item), copied) << arguments;
