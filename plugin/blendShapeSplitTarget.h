@@ -1,6 +1,11 @@
 #pragma once
 // Paints the weights of a target so that it acts on one side of an axis plane only.
+#include <maya/MArgDatabase.h>
 #include <maya/MArgList.h>
+#include <maya/MDagPath.h>
+#include <maya/MIntArray.h>
+#include <maya/MObject.h>
+#include <maya/MPointArray.h>
 #include <maya/MPxCommand.h>
 #include <maya/MStatus.h>
 #include <maya/MString.h>
@@ -21,6 +26,11 @@ public:
     bool isUndoable() const override { return true; }
 
 private:
+    MStatus parseArguments(const MArgDatabase& argData);
+    bool checkOriginalMesh();
+    bool readComponents();
+    bool baseHardSplit() const { return index == -1 && hardSplit; }
+
     MString axis;             // -axis
     double blend;             // -blend
     double center;            // -center
@@ -28,4 +38,10 @@ private:
     int side;                 // -invert
     MString originalMeshName; // -originalMesh
     double tolerance;         // -tolerance
+
+    MObject blendShapeNode;
+    MDagPath originalMesh;
+    MIntArray components; // components whose weights are set
+    MPointArray points;   // deltas of target 0 (base weights only), kept for undo
+    bool hardSplit;
 };

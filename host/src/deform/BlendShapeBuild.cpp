@@ -54,8 +54,12 @@ NodePtr createBlendShape(const std::vector<NodePtr>& shapes, const std::string& 
 
 std::optional<uint32_t> itemForWeight(double fullWeight) {
     const double item = std::round(fullWeight * 1000.0 + 5000.0);
-    if (!(item >= 0.0 && item < 2147483647.0) || item == 5000.0) return std::nullopt;
-    return static_cast<uint32_t>(item);
+    // Item numbers are unsigned 32-bit and wrap around: a weight made from an item below 5000 in
+    // unsigned arithmetic (4294966.796 from 4500) comes back to that item.
+    if (!(std::fabs(item) < 9.0e18)) return std::nullopt;
+    const auto wrapped = static_cast<uint32_t>(static_cast<uint64_t>(static_cast<int64_t>(item)));
+    if (wrapped == 5000u) return std::nullopt;
+    return wrapped;
 }
 
 bool addBlendShapeTarget(const NodePtr& blendShape, unsigned geometry, unsigned weightIndex,

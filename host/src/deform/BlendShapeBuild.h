@@ -15,8 +15,8 @@ namespace host {
 NodePtr createBlendShape(const std::vector<NodePtr>& shapes, const std::string& name, bool frontOfChain,
                          std::string* error);
 
-// The item number a full weight is stored under: round(weight × 1000 + 5000). None for weight 0
-// (the implicit zero shape) and for weights whose item number would not be a valid index.
+// The item number a full weight is stored under: round(weight × 1000 + 5000) modulo 2^32. None
+// when that is 5000 (weight 0, the implicit zero shape) and for weights that are not finite.
 std::optional<uint32_t> itemForWeight(double fullWeight);
 
 // Stores `target` as item itemForWeight(fullWeight) of target `weightIndex` for geometry
