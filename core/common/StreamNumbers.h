@@ -13,8 +13,6 @@ inline char* writeStreamInt(char* out, int value) {
     return std::to_chars(out, out + kStreamIntChars, value).ptr;
 }
 
-inline char* writeStreamDouble(char* out, double value) {
-    return std::to_chars(out, out + kStreamDoubleChars, value, std::chars_format::general, 6).ptr;
-}
+char* writeStreamDouble(char* out, double value);
 
 } // namespace common

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <limits>
 #include <memory>
 
@@ -15,8 +16,9 @@ namespace {
 constexpr int kEnd = -1;
 constexpr std::size_t kBlockSize = std::size_t(1) << 20;
 
-// Bytes from memory or from a file read in large blocks; get() is inline and only refills at the
-// end of a block.
+// Bytes from memory or from a file read in large blocks. get() is inline and only refills at the
+// end of a block; text up to a delimiter is handed out as a view into the block when it lies in
+// one, and gathered across blocks otherwise.
 class ByteSource {
 public:
     explicit ByteSource(std::string_view text) : next(text.data()), end(text.data() + text.size()) {}
@@ -26,9 +28,45 @@ public:
         if (next == end && !refill()) return kEnd;
         return static_cast<unsigned char>(*next++);
     }
+
+    // The next byte for which acts[byte] is set, or kEnd; the bytes before it are passed over.
+    int nextActive(const bool (&acts)[256]) {
+        for (;;) {
+            while (next != end) {
+                const unsigned char c = static_cast<unsigned char>(*next++);
+                if (acts[c]) return c;
+            }
+            if (!refill()) return kEnd;
+        }
+    }
+
+    // The text up to the delimiter, which is consumed; at the end of the input, the rest.
+    std::string_view takeUntil(char delimiter) {
+        const char* found = find(delimiter);
+        if (found) {
+            const std::string_view text(next, static_cast<std::size_t>(found - next));
+            next = found + 1;
+            return text;
+        }
+        spill.assign(next, end);
+        next = end;
+        while (refill()) {
+            found = find(delimiter);
+            spill.append(next, found ? found : end);
+            next = found ? found + 1 : end;
+            if (found) break;
+        }
+        return spill;
+    }
+
     bool failed() const { return file && std::ferror(file); }
 
 private:
+    const char* find(char delimiter) const {
+        if (next == end) return nullptr;
+        return static_cast<const char*>(std::memchr(next, delimiter, static_cast<std::size_t>(end - next)));
+    }
+
     bool refill() {
         if (!file) return false;
         const std::size_t got = std::fread(block.get(), 1, kBlockSize, file);
@@ -41,7 +79,17 @@ private:
     const char* end = nullptr;
     std::FILE* file = nullptr;
     std::unique_ptr<char[]> block;
+    std::string spill;
 };
+
+// The bytes the main loop acts on; all others are passed over.
+struct ActiveBytes {
+    bool acts[256] = {};
+    ActiveBytes() {
+        for (const unsigned char c : {'{', '}', '"', ':', '['}) acts[c] = true;
+    }
+};
+const ActiveBytes kActive;
 
 bool isLineSpace(int c) {
     return c == '\t' || c == '\f' || c == '\r' || c == ' ';
@@ -51,7 +99,14 @@ bool isLeadingSpace(int c) {
     return isLineSpace(c) || c == '\n' || c == '\v';
 }
 
-int textToInt(const std::string& text) {
+// Leading whitespace goes as the conversion would skip it, which keeps numbers on its fast path.
+std::string_view withoutLeadingSpace(std::string_view text) {
+    std::size_t k = 0;
+    while (k < text.size() && isLeadingSpace(static_cast<unsigned char>(text[k]))) ++k;
+    return text.substr(k);
+}
+
+int textToInt(std::string_view text) {
     int value = 0;
     common::parseInt(text, value);
     return value;
@@ -65,7 +120,7 @@ public:
     }
 
     void run(ByteSource& in) {
-        for (int c = in.get(); c != kEnd; c = in.get()) {
+        for (int c = in.nextActive(kActive.acts); c != kEnd; c = in.nextActive(kActive.acts)) {
             switch (c) {
             case '{':
                 openBrace();
@@ -116,15 +171,12 @@ private:
 
     void quote(ByteSource& in) {
         if (depth == 1) {
-            readUpToQuote(in);
-            targetKey(textToInt(text));
+            targetKey(textToInt(in.takeUntil('"')));
         } else if (depth == 3) {
-            readUpToQuote(in);
-            itemWeight = common::textToDouble(text);
+            itemWeight = common::textToDouble(in.takeUntil('"'));
             handler.itemKey(itemWeight, afterItem);
         } else if (depth == 4) {
-            readUpToQuote(in);
-            const int component = textToInt(text);
+            const int component = textToInt(in.takeUntil('"'));
             if (filter.empty() || std::binary_search(filter.begin(), filter.end(), component))
                 components.push_back(component);
             else
@@ -168,28 +220,16 @@ private:
     void openBracket(ByteSource& in) {
         if (componentAccepted) {
             double numbers[3] = {0.0, 0.0, 0.0};
-            std::size_t count = 0;
-            text.clear();
-            for (int c = in.get();; c = in.get()) {
-                if (c == ',' || c == ']' || c == kEnd) {
-                    const double value = common::textToDouble(text);
-                    if (count < 3) numbers[count] = value;
-                    ++count;
-                    text.clear();
-                    if (c != ',') break;
-                } else if (!(text.empty() && isLeadingSpace(c))) {
-                    // Leading blanks are skipped here as the conversion would skip them.
-                    text += static_cast<char>(c);
-                }
+            std::string_view rest = in.takeUntil(']');
+            for (std::size_t k = 0;; ++k) {
+                const std::size_t comma = rest.find(',');
+                if (k < 3) numbers[k] = common::textToDouble(withoutLeadingSpace(rest.substr(0, comma)));
+                if (comma == std::string_view::npos) break;
+                rest.remove_prefix(comma + 1);
             }
             xyz.insert(xyz.end(), numbers, numbers + 3);
         }
         componentAccepted = true;
-    }
-
-    void readUpToQuote(ByteSource& in) {
-        text.clear();
-        for (int c = in.get(); c != kEnd && c != '"'; c = in.get()) text += static_cast<char>(c);
     }
 
     const DeltaScanOptions& options;
@@ -205,7 +245,6 @@ private:
     double itemWeight = 0.0;
     bool componentAccepted = true;
     std::string name;
-    std::string text;
     std::vector<int> components;
     std::vector<double> xyz;
 };

@@ -12,8 +12,12 @@ namespace {
 constexpr std::size_t kBlockSize = std::size_t(1) << 20;
 // The longest component line: three tabs, a quoted int, the brackets and three doubles.
 constexpr std::size_t kComponentLineChars = 3 + common::kStreamIntChars + 3 * common::kStreamDoubleChars + 16;
+// The deepest line is three levels below a target key, which stands at most at level 0.
+constexpr std::size_t kMostTabs = 3;
 
 } // namespace
+
+DeltaFileWriter::DeltaFileWriter() : block(new char[kBlockSize]), pos(block.get()) {}
 
 DeltaFileWriter::~DeltaFileWriter() {
     if (file) std::fclose(file);
@@ -25,22 +29,37 @@ bool DeltaFileWriter::open(const std::string& path) {
     std::fclose(truncated);
     file = std::fopen(path.c_str(), "ab");
     if (!file) return false;
-    buffer.reserve(kBlockSize + kComponentLineChars);
     line(0, "{");
     return true;
 }
 
+char* DeltaFileWriter::room(std::size_t bytes) {
+    if (static_cast<std::size_t>(block.get() + kBlockSize - pos) < bytes) flush();
+    return pos;
+}
+
+void DeltaFileWriter::put(std::string_view text) {
+    if (text.size() > kBlockSize / 2) {
+        // A text this long (a channel name, in practice never) goes to the file directly.
+        flush();
+        if (file && std::fwrite(text.data(), 1, text.size(), file) != text.size()) failed = true;
+        return;
+    }
+    std::memcpy(room(text.size()), text.data(), text.size());
+    pos += text.size();
+}
+
 void DeltaFileWriter::indent(std::uint32_t tabs) {
     // A level that wrapped below zero (after skipped indices) stands at the start of the line.
-    if (tabs > INT32_MAX) return;
-    buffer.append(tabs, '\t');
+    if (tabs > kMostTabs) return;
+    std::memset(room(tabs), '\t', tabs);
+    pos += tabs;
 }
 
 void DeltaFileWriter::line(std::uint32_t tabs, std::string_view text) {
     indent(tabs);
-    buffer.append(text);
-    buffer += '\n';
-    if (buffer.size() >= kBlockSize) flush();
+    put(text);
+    put("\n");
 }
 
 void DeltaFileWriter::beginTarget(int targetIndex, std::string_view channelName) {
@@ -51,9 +70,9 @@ void DeltaFileWriter::beginTarget(int targetIndex, std::string_view channelName)
     std::memcpy(out, "\": {", 4);
     line(level, std::string_view(key, static_cast<std::size_t>(out + 4 - key)));
     indent(level + 1);
-    buffer += "\"name\": \"";
-    buffer.append(channelName);
-    buffer += "\",\n";
+    put("\"name\": \"");
+    put(channelName);
+    put("\",\n");
     line(level + 1, "\"data\": {");
 }
 
@@ -71,10 +90,7 @@ void DeltaFileWriter::writeItem(int item, const int* components, const double* x
     const std::uint32_t componentLevel = level + 3;
     for (std::size_t k = 0; k < count; ++k) {
         indent(componentLevel);
-        reserve(kComponentLineChars);
-        const std::size_t start = buffer.size();
-        buffer.resize(start + kComponentLineChars);
-        char* p = &buffer[start];
+        char* p = room(kComponentLineChars);
         *p++ = '"';
         p = common::writeStreamInt(p, components[k]);
         std::memcpy(p, "\": [", 4);
@@ -90,8 +106,7 @@ void DeltaFileWriter::writeItem(int item, const int* components, const double* x
         *p++ = ']';
         if (k + 1 < count) *p++ = ',';
         *p++ = '\n';
-        buffer.resize(static_cast<std::size_t>(p - buffer.data()));
-        if (buffer.size() >= kBlockSize) flush();
+        pos = p;
     }
     line(level + 2, lastItem ? "}" : "},");
 }
@@ -109,7 +124,7 @@ void DeltaFileWriter::skipTarget(bool lastIndex) {
 bool DeltaFileWriter::close() {
     if (!file) return false;
     line(0, "}");
-    buffer += '\n';
+    put("\n");
     flush();
     if (std::fflush(file) != 0) failed = true;
     if (std::fclose(file) != 0) failed = true;
@@ -117,14 +132,10 @@ bool DeltaFileWriter::close() {
     return !failed;
 }
 
-void DeltaFileWriter::reserve(std::size_t bytes) {
-    if (buffer.capacity() - buffer.size() < bytes) buffer.reserve(buffer.size() + bytes + kBlockSize);
-}
-
 void DeltaFileWriter::flush() {
-    if (buffer.empty()) return;
-    if (file && std::fwrite(buffer.data(), 1, buffer.size(), file) != buffer.size()) failed = true;
-    buffer.clear();
+    const std::size_t size = static_cast<std::size_t>(pos - block.get());
+    if (size != 0 && file && std::fwrite(block.get(), 1, size, file) != size) failed = true;
+    pos = block.get();
 }
 
 } // namespace json

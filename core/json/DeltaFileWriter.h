@@ -21,6 +21,7 @@
 // blocks as it is produced.
 #include <cstdint>
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -28,7 +29,7 @@ namespace json {
 
 class DeltaFileWriter {
 public:
-    DeltaFileWriter() = default;
+    DeltaFileWriter();
     DeltaFileWriter(const DeltaFileWriter&) = delete;
     DeltaFileWriter& operator=(const DeltaFileWriter&) = delete;
     ~DeltaFileWriter();
@@ -51,12 +52,15 @@ public:
 
 private:
     void line(std::uint32_t level, std::string_view text);
+    void put(std::string_view text);
     void indent(std::uint32_t level);
-    void reserve(std::size_t bytes);
+    // Room for at least bytes more at pos (flushing what is gathered when needed).
+    char* room(std::size_t bytes);
     void flush();
 
     std::FILE* file = nullptr;
-    std::string buffer;
+    std::unique_ptr<char[]> block; // text gathered for the file
+    char* pos = nullptr;
     std::uint32_t level = 0;
     bool failed = false;
 };
