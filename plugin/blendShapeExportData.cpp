@@ -8,7 +8,6 @@
 #include <maya/MGlobal.h>
 #include <maya/MPoint.h>
 #include <maya/MPointArray.h>
-#include <maya/MSelectionList.h>
 
 #include <algorithm>
 #include <string>
@@ -56,21 +55,8 @@ MStatus blendShapeExportData::doIt(const MArgList& args) {
     status = parseArguments(argData);
     if (!status) return status;
 
-    MSelectionList objects;
-    status = argData.getObjects(objects);
-    if (!status) {
-        MGlobal::displayError("Error getting objects");
-        return status;
-    }
-    if (objects.length() == 0) {
-        displayError("No blend shape node provided.");
-        return MS::kFailure;
-    }
-    objects.getDependNode(0, blendShapeNode);
-    if (!blendShapeNode.hasFn(MFn::kBlendShape)) {
-        displayError("The node is not a blend shape node.");
-        return MS::kFailure;
-    }
+    status = common::blendShapeArgument(argData, blendShapeNode);
+    if (!status) return status;
 
     const char* missing = nullptr;
     if (!deltaMode)
@@ -93,17 +79,8 @@ MStatus blendShapeExportData::parseArguments(const MArgDatabase& argData) {
     MStatus status;
     deltaMode = argData.isFlagSet("-d");
     if (argData.isFlagSet("-fn") && !(status = argData.getFlagArgument("-fn", 0, fileName))) return status;
-    MArgList use;
-    const unsigned int nameUses = argData.numberOfFlagUses("-cn");
-    for (unsigned int i = 0; i < nameUses; ++i) {
-        if (!(status = argData.getFlagArgumentList("-cn", i, use))) return status;
-        channelNames.append(use.asString(0));
-    }
-    const unsigned int indexUses = argData.numberOfFlagUses("-i");
-    for (unsigned int i = 0; i < indexUses; ++i) {
-        if (!(status = argData.getFlagArgumentList("-i", i, use))) return status;
-        indices.append(use.asInt(0));
-    }
+    if (!(status = common::appendFlagUses(argData, "-cn", channelNames))) return status;
+    if (!(status = common::appendFlagUses(argData, "-i", indices))) return status;
     return MS::kSuccess;
 }
 

@@ -5,7 +5,6 @@
 
 #include <maya/MArgDatabase.h>
 #include <maya/MGlobal.h>
-#include <maya/MSelectionList.h>
 
 const char* const blendShapeImportData_helpText =
     "\n"
@@ -54,21 +53,8 @@ MStatus blendShapeImportData::doIt(const MArgList& args) {
     if (!status) return status;
 
     if (delta) {
-        MSelectionList objects;
-        status = argData.getObjects(objects);
-        if (!status) {
-            MGlobal::displayError("Error getting objects");
-            return status;
-        }
-        if (objects.length() == 0) {
-            displayError("No blend shape node provided.");
-            return MS::kFailure;
-        }
-        objects.getDependNode(0, blendShapeNode);
-        if (!blendShapeNode.hasFn(MFn::kBlendShape)) {
-            displayError("The node is not a blend shape node.");
-            return MS::kFailure;
-        }
+        status = common::blendShapeArgument(argData, blendShapeNode);
+        if (!status) return status;
     }
 
     const char* problem = nullptr;
@@ -92,17 +78,8 @@ MStatus blendShapeImportData::parseArguments(const MArgDatabase& argData) {
     listDeltas = argData.isFlagSet("-ld");
     remap = argData.isFlagSet("-rm");
     if (argData.isFlagSet("-fn") && !(status = argData.getFlagArgument("-fn", 0, fileName))) return status;
-    MArgList use;
-    const unsigned int sourceUses = argData.numberOfFlagUses("-si");
-    for (unsigned int i = 0; i < sourceUses; ++i) {
-        if (!(status = argData.getFlagArgumentList("-si", i, use))) return status;
-        sourceIndices.append(use.asInt(0));
-    }
-    const unsigned int destinationUses = argData.numberOfFlagUses("-di");
-    for (unsigned int i = 0; i < destinationUses; ++i) {
-        if (!(status = argData.getFlagArgumentList("-di", i, use))) return status;
-        destinationIndices.append(use.asInt(0));
-    }
+    if (!(status = common::appendFlagUses(argData, "-si", sourceIndices))) return status;
+    if (!(status = common::appendFlagUses(argData, "-di", destinationIndices))) return status;
     return MS::kSuccess;
 }
 

@@ -1,7 +1,9 @@
 #include "commandSupport.h"
 
+#include <maya/MArgList.h>
 #include <maya/MGlobal.h>
 #include <maya/MPxCommand.h>
+#include <maya/MSelectionList.h>
 
 namespace common {
 
@@ -9,6 +11,47 @@ bool answerHelp(const MArgDatabase& argData, const char* helpText) {
     if (!argData.isFlagSet("-h")) return false;
     MPxCommand::setResult(MString(helpText));
     return true;
+}
+
+MStatus blendShapeArgument(const MArgDatabase& argData, MObject& blendShape) {
+    MSelectionList objects;
+    const MStatus status = argData.getObjects(objects);
+    if (!status) {
+        MGlobal::displayError("Error getting objects");
+        return status;
+    }
+    if (objects.length() == 0) {
+        MPxCommand::displayError("No blend shape node provided.");
+        return MS::kFailure;
+    }
+    objects.getDependNode(0, blendShape);
+    if (!blendShape.hasFn(MFn::kBlendShape)) {
+        MPxCommand::displayError("The node is not a blend shape node.");
+        return MS::kFailure;
+    }
+    return MS::kSuccess;
+}
+
+MStatus appendFlagUses(const MArgDatabase& argData, const char* flag, MIntArray& values) {
+    MArgList use;
+    const unsigned int uses = argData.numberOfFlagUses(flag);
+    for (unsigned int i = 0; i < uses; ++i) {
+        const MStatus status = argData.getFlagArgumentList(flag, i, use);
+        if (!status) return status;
+        values.append(use.asInt(0));
+    }
+    return MS::kSuccess;
+}
+
+MStatus appendFlagUses(const MArgDatabase& argData, const char* flag, MStringArray& values) {
+    MArgList use;
+    const unsigned int uses = argData.numberOfFlagUses(flag);
+    for (unsigned int i = 0; i < uses; ++i) {
+        const MStatus status = argData.getFlagArgumentList(flag, i, use);
+        if (!status) return status;
+        values.append(use.asString(0));
+    }
+    return MS::kSuccess;
 }
 
 MStatus notAvailable(const char* commandName) {
