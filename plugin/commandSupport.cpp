@@ -7,6 +7,22 @@
 
 namespace common {
 
+namespace {
+
+// Hands the argument list of every use of the flag to append, in order.
+template <class Append> MStatus appendUses(const MArgDatabase& argData, const char* flag, Append append) {
+    MArgList use;
+    const unsigned int uses = argData.numberOfFlagUses(flag);
+    for (unsigned int i = 0; i < uses; ++i) {
+        const MStatus status = argData.getFlagArgumentList(flag, i, use);
+        if (!status) return status;
+        append(use);
+    }
+    return MS::kSuccess;
+}
+
+} // namespace
+
 bool answerHelp(const MArgDatabase& argData, const char* helpText) {
     if (!argData.isFlagSet("-h")) return false;
     MPxCommand::setResult(MString(helpText));
@@ -33,25 +49,11 @@ MStatus blendShapeArgument(const MArgDatabase& argData, MObject& blendShape) {
 }
 
 MStatus appendFlagUses(const MArgDatabase& argData, const char* flag, MIntArray& values) {
-    MArgList use;
-    const unsigned int uses = argData.numberOfFlagUses(flag);
-    for (unsigned int i = 0; i < uses; ++i) {
-        const MStatus status = argData.getFlagArgumentList(flag, i, use);
-        if (!status) return status;
-        values.append(use.asInt(0));
-    }
-    return MS::kSuccess;
+    return appendUses(argData, flag, [&values](const MArgList& use) { values.append(use.asInt(0)); });
 }
 
 MStatus appendFlagUses(const MArgDatabase& argData, const char* flag, MStringArray& values) {
-    MArgList use;
-    const unsigned int uses = argData.numberOfFlagUses(flag);
-    for (unsigned int i = 0; i < uses; ++i) {
-        const MStatus status = argData.getFlagArgumentList(flag, i, use);
-        if (!status) return status;
-        values.append(use.asString(0));
-    }
-    return MS::kSuccess;
+    return appendUses(argData, flag, [&values](const MArgList& use) { values.append(use.asString(0)); });
 }
 
 MStatus notAvailable(const char* commandName) {

@@ -77,10 +77,11 @@ void DeltaImport::item(int targetIndex, int itemIndex, const std::string& channe
     const unsigned int item = static_cast<unsigned int>(itemIndex);
     const bool isNew = !targetExists(targetIndex);
 
-    const MIntArray ids(components.data(), static_cast<unsigned int>(components.size()));
+    ids.setLength(static_cast<unsigned int>(components.size()));
+    for (unsigned int k = 0; k < ids.length(); ++k) ids[k] = components[k];
     if (!setTargetComponents(blendShape, target, item, ids))
         MGlobal::displayError("Error setting components.");
-    MPointArray points(static_cast<unsigned int>(xyz.size() / 3));
+    points.setLength(static_cast<unsigned int>(xyz.size() / 3));
     for (unsigned int k = 0; k < points.length(); ++k)
         points[k] = MPoint(xyz[3 * k], xyz[3 * k + 1], xyz[3 * k + 2]);
     if (!setTargetPoints(blendShape, target, item, points)) MGlobal::displayError("Error setting points.");

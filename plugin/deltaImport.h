@@ -4,7 +4,9 @@
 // target index also gets a weight alias and a zero weight.
 #include "core/json/DeltaFileScanner.h"
 
+#include <maya/MIntArray.h>
 #include <maya/MObject.h>
+#include <maya/MPointArray.h>
 #include <maya/MString.h>
 #include <maya/MStringArray.h>
 
@@ -38,6 +40,9 @@ private:
     bool writing;
     MStringArray& list;
     MString listEntry;
+    // Reused from item to item, so that large items do not allocate afresh.
+    MIntArray ids;
+    MPointArray points;
 };
 
 } // namespace common
