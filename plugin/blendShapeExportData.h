@@ -1,7 +1,9 @@
 #pragma once
 // Writes the deltas of chosen blend-shape targets to a JSON delta file.
+#include <maya/MArgDatabase.h>
 #include <maya/MArgList.h>
 #include <maya/MIntArray.h>
+#include <maya/MObject.h>
 #include <maya/MPxCommand.h>
 #include <maya/MStatus.h>
 #include <maya/MString.h>
@@ -27,4 +29,8 @@ private:
     MString fileName;          // -fileName
     MStringArray channelNames; // -channelName, every use in order
     MIntArray indices;         // -index, every use in order
+    MObject blendShapeNode;
+
+    MStatus parseArguments(const MArgDatabase& argData);
+    bool exportDeltas();
 };

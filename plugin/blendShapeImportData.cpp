@@ -1,8 +1,10 @@
 #include "blendShapeImportData.h"
 
 #include "commandSupport.h"
+#include "deltaImport.h"
 
 #include <maya/MArgDatabase.h>
+#include <maya/MGlobal.h>
 
 const char* const blendShapeImportData_helpText =
     "\n"
@@ -47,11 +49,67 @@ MStatus blendShapeImportData::doIt(const MArgList& args) {
     MArgDatabase argData(syntax(), args, &status);
     if (!status) return status;
     if (common::answerHelp(argData, blendShapeImportData_helpText)) return MS::kSuccess;
-    return common::notAvailable("kv_blendShapeImportData");
+    status = parseArguments(argData);
+    if (!status) return status;
+
+    if (delta) {
+        status = common::blendShapeArgument(argData, blendShapeNode);
+        if (!status) return status;
+    }
+
+    const char* problem = nullptr;
+    if (!delta && !listDeltas)
+        problem = "No operation mode defined.";
+    else if (delta && remap && sourceIndices.length() != destinationIndices.length())
+        problem = "The number of indices for source and destination needs to match.";
+    else if (fileName.length() == 0)
+        problem = "Missing export file path.";
+    if (problem) {
+        MGlobal::displayError(problem);
+        setResult(0);
+        return MS::kSuccess;
+    }
+    return redoIt();
+}
+
+MStatus blendShapeImportData::parseArguments(const MArgDatabase& argData) {
+    MStatus status;
+    delta = argData.isFlagSet("-d");
+    listDeltas = argData.isFlagSet("-ld");
+    remap = argData.isFlagSet("-rm");
+    if (argData.isFlagSet("-fn") && !(status = argData.getFlagArgument("-fn", 0, fileName))) return status;
+    if (!(status = common::appendFlagUses(argData, "-si", sourceIndices))) return status;
+    if (!(status = common::appendFlagUses(argData, "-di", destinationIndices))) return status;
+    return MS::kSuccess;
 }
 
 MStatus blendShapeImportData::redoIt() {
+    MStringArray list;
+    if (delta)
+        setResult(importDeltas(true, list));
+    else {
+        importDeltas(false, list);
+        setResult(list);
+    }
     return MS::kSuccess;
+}
+
+bool blendShapeImportData::importDeltas(bool writing, MStringArray& list) {
+    json::DeltaScanOptions options;
+    options.remap = remap;
+    options.sourceIndices.assign(sourceIndices.length(), 0);
+    for (unsigned int i = 0; i < sourceIndices.length(); ++i) options.sourceIndices[i] = sourceIndices[i];
+    options.destinationIndices.assign(destinationIndices.length(), 0);
+    for (unsigned int i = 0; i < destinationIndices.length(); ++i)
+        options.destinationIndices[i] = destinationIndices[i];
+    if (writing) options.vertexFilter = common::selectedVertexFilter();
+
+    common::DeltaImport reader(blendShapeNode, writing, list);
+    if (!json::scanDeltaFile(fileName.asChar(), options, reader)) {
+        MGlobal::displayError("Unable to open file for reading.");
+        return false;
+    }
+    return true;
 }
 
 MStatus blendShapeImportData::undoIt() {

@@ -1,9 +1,9 @@
 #include "core/json/WeightsFile.h"
 
+#include "core/common/StreamNumbers.h"
 #include "core/common/TextNumbers.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdio>
 #include <cstring>
 #include <limits>
@@ -12,15 +12,6 @@
 namespace json {
 
 namespace {
-
-// Appends the index and the weight as an output stream formats them by default: %g with six digits.
-char* writeIndex(char* out, int index) {
-    return std::to_chars(out, out + 12, index).ptr;
-}
-
-char* writeWeight(char* out, double weight) {
-    return std::to_chars(out, out + 32, weight, std::chars_format::general, 6).ptr;
-}
 
 // The whole file in memory; false when it cannot be opened or read (a directory fails on reading).
 bool readWholeFile(const std::string& path, std::string& data) {
@@ -81,18 +72,18 @@ std::string formatWeights(const std::vector<int>& indices, const std::vector<dou
         if (asJson) {
             *out++ = '\t';
             *out++ = '"';
-            out = writeIndex(out, indices[k]);
+            out = common::writeStreamInt(out, indices[k]);
             *out++ = '"';
             *out++ = ':';
             *out++ = ' ';
-            out = writeWeight(out, weights[k]);
+            out = common::writeStreamDouble(out, weights[k]);
             if (k + 1 < count) *out++ = ',';
             *out++ = '\n';
         } else {
             if (k > 0) *out++ = '\n';
-            out = writeIndex(out, indices[k]);
+            out = common::writeStreamInt(out, indices[k]);
             *out++ = ' ';
-            out = writeWeight(out, weights[k]);
+            out = common::writeStreamDouble(out, weights[k]);
         }
         text.append(line, out);
     }
