@@ -59,7 +59,7 @@ TEST_F(PolyMapVertexOrder, MapsEveryShellAndAnswersQueries) {
 TEST_F(PolyMapVertexOrder, CopiesTheMapUnchecked) {
     must("polyCube -n box; createNode transform -n empty");
     EXPECT_EQ(query("body"), 1);
-    EXPECT_EQ(query("-ct box body"), 1);
+    EXPECT_EQ(query("-ct boxShape body"), 1);
     EXPECT_EQ(storedMap("box"), mesh.partner);
     EXPECT_EQ(query("-ck box"), -1); // the cube has 8 vertices, the map does not fit
     EXPECT_FALSE(run("kv_polyMapVertexOrder -ct empty body"));
@@ -98,18 +98,23 @@ TEST_F(PolyMapVertexOrder, AddsAMirroredShellPairFromTwoEdges) {
     std::string values;
     for (int v = 0; v < n; ++v) values += " -1";
     must("setAttr eyesShape.kvvom -type Int32Array " + std::to_string(n) + values);
-    // Edge 0 joins half vertices 0 and 1; its mirror image joins their images.
+    // The interior edge joining half vertices 1 and 4 (x = 5), and its mirror image.
     MFnMesh meshFn(shape("eyes"));
-    int mirrorEdge = -1;
-    for (int e = 0; e < meshFn.numEdges(); ++e) {
-        int2 ends;
-        meshFn.getEdgeVertices(e, ends);
-        if ((ends[0] == pair.partner[0] && ends[1] == pair.partner[1]) ||
-            (ends[1] == pair.partner[0] && ends[0] == pair.partner[1]))
-            mirrorEdge = e;
-    }
+    const auto edgeOf = [&](int v, int w) {
+        for (int e = 0; e < meshFn.numEdges(); ++e) {
+            int2 ends;
+            meshFn.getEdgeVertices(e, ends);
+            if ((ends[0] == v && ends[1] == w) || (ends[0] == w && ends[1] == v)) return e;
+        }
+        return -1;
+    };
+    const int edge = edgeOf(1, 4);
+    const int mirrorEdge = edgeOf(pair.partner[1], pair.partner[4]);
+    ASSERT_NE(edge, -1);
     ASSERT_NE(mirrorEdge, -1);
-    EXPECT_EQ(query("-atm eyes.e[0] eyes.e[" + std::to_string(mirrorEdge) + "]"), 1);
+    const std::string edges =
+        "eyes.e[" + std::to_string(edge) + "] eyes.e[" + std::to_string(mirrorEdge) + "]";
+    EXPECT_EQ(query("-atm " + edges), 1);
     EXPECT_EQ(storedMap("eyes"), pair.partner);
 
     // Three edges map nothing and still answer 1; a map of the wrong length is refused.
