@@ -70,11 +70,13 @@ Traversal traverseMesh(const MeshTopology& topology, int startFace, int a, int b
         if (i >= faceQueue.size()) return result;
         const int face = faceQueue[i];
         const IndexRange edges = topology.faceEdges(face);
+        // Edge k of a face joins its corners k and k + 1. Reading the ends from the face's own row, not
+        // from the edge table, saves a scattered read per edge; the ordering takes either vertex order.
+        const IndexRange corners = topology.faceVertices(face);
         edgeVertices.clear();
-        for (int edge : edges) {
-            const std::array<int, 2> ends = topology.edgeVertices(edge);
-            edgeVertices.push_back(ends[0]);
-            edgeVertices.push_back(ends[1]);
+        for (int k = 0; k < corners.size(); ++k) {
+            edgeVertices.push_back(corners[k]);
+            edgeVertices.push_back(corners[(k + 1) % corners.size()]);
         }
         getOrderedFaceEdges(fromQueue[i], toQueue[i], edges, edgeVertices, orderedEdges, orderedFrom,
                             orderedTo, remaining);
