@@ -110,15 +110,8 @@ MStatus polyMapVertexOrder::doIt(const MArgList& args) {
     if (argData.isFlagSet("-verbose")) argData.getFlagArgument("-verbose", 0, verbose);
 
     MSelectionList objects;
-    status = argData.getObjects(objects);
-    if (!status) {
-        MGlobal::displayError("Error getting objects");
-        return status;
-    }
-    if (objects.length() == 0) {
-        MGlobal::displayError("No mesh provided.");
-        return MS::kFailure;
-    }
+    status = common::getMeshObjects(argData, objects);
+    if (!status) return status;
     MObject component;
     status = common::getMeshObject(objects, 0, meshPath, component);
     if (!status) return status;

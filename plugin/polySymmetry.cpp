@@ -121,15 +121,8 @@ MStatus polySymmetry::doIt(const MArgList& args) {
     if (argData.isFlagSet("-tolerance")) argData.getFlagArgument("-tolerance", 0, tolerance);
 
     MSelectionList objects;
-    status = argData.getObjects(objects);
-    if (!status) {
-        MGlobal::displayError("Error getting objects");
-        return status;
-    }
-    if (objects.length() == 0) {
-        MGlobal::displayError("No mesh provided.");
-        return MS::kFailure;
-    }
+    status = common::getMeshObjects(argData, objects);
+    if (!status) return status;
     if (applyOrderMap) objects.add(orderMapMeshName);
     for (unsigned int i = 0; i < objects.length(); ++i) {
         MDagPath path;

@@ -32,6 +32,19 @@ std::string ScriptEditorReport::number(double value) const {
     return text.asChar();
 }
 
+MStatus getMeshObjects(const MArgDatabase& argData, MSelectionList& objects) {
+    const MStatus status = argData.getObjects(objects);
+    if (!status) {
+        MGlobal::displayError("Error getting objects");
+        return status;
+    }
+    if (objects.length() == 0) {
+        MGlobal::displayError("No mesh provided.");
+        return MS::kFailure;
+    }
+    return MS::kSuccess;
+}
+
 MStatus getMeshObject(const MSelectionList& list, unsigned int index, MDagPath& mesh, MObject& component) {
     MStringArray names;
     list.getSelectionStrings(index, names);

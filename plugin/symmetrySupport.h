@@ -5,6 +5,7 @@
 #include "core/mesh/MeshTopology.h"
 #include "core/symmetry/SymmetryReport.h"
 
+#include <maya/MArgDatabase.h>
 #include <maya/MDagPath.h>
 #include <maya/MIntArray.h>
 #include <maya/MMeshIntersector.h>
@@ -27,6 +28,9 @@ public:
     void error(const std::string& text) override;
     std::string number(double value) const override;
 };
+
+// The command's objects. Shows "Error getting objects" or, for none, "No mesh provided." and fails.
+MStatus getMeshObjects(const MArgDatabase& argData, MSelectionList& objects);
 
 // The mesh shape of item `index` of the list with its component: a transform stands for its first
 // child. Shows "<name> has no shape node." or "<name> is not a mesh object." and fails otherwise.
