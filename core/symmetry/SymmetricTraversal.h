@@ -1,0 +1,32 @@
+#pragma once
+
+#include "core/mesh/CompressedRows.h"
+#include "core/mesh/MeshTopology.h"
+
+#include <vector>
+
+namespace core {
+
+// The edges of one face listed from the entry edge (a, b) onwards, in the walking direction a to b, each
+// with its vertices in walking order. `faceEdgeVertices` holds each face edge's two vertices in the
+// edge's stored order. Runs one sweep per edge; `remaining` is scratch space.
+void getOrderedFaceEdges(int a, int b, IndexRange faceEdges, const std::vector<int>& faceEdgeVertices,
+                         std::vector<int>& orderedEdges, std::vector<int>& orderedFrom,
+                         std::vector<int>& orderedTo, std::vector<int>& remaining);
+
+// The first of the edge's faces other than `face`, or -1 for a border edge.
+int getOppositeEdgeFace(int face, IndexRange edgeFaces);
+
+struct Traversal {
+    std::vector<int> order; // vertices in the order of their first visit
+    bool complete = false;  // false when the face queue ran dry before the shell's faces were processed
+};
+
+// Walks a shell breadth-first over faces from `startFace`, entered through its edge (a, b): each face's
+// edges are walked on from the edge it was entered through, and each neighbour face is entered through
+// the shared edge in the same direction. The order depends on topology alone, so walks started from two
+// mirror-image edges give mirror partners at equal positions. Exactly `shellFaceCount` faces are
+// processed.
+Traversal traverseMesh(const MeshTopology& topology, int startFace, int a, int b, int shellFaceCount);
+
+} // namespace core
