@@ -1,10 +1,9 @@
 #include "core/json/WeightsFile.h"
 
 #include "core/common/TextNumbers.h"
+#include "core/json/TextFile.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cstdio>
 #include <cstring>
 #include <limits>
 #include <string_view>
@@ -12,33 +11,6 @@
 namespace json {
 
 namespace {
-
-// Appends the index and the weight as an output stream formats them by default: %g with six digits.
-char* writeIndex(char* out, int index) {
-    return std::to_chars(out, out + 12, index).ptr;
-}
-
-char* writeWeight(char* out, double weight) {
-    return std::to_chars(out, out + 32, weight, std::chars_format::general, 6).ptr;
-}
-
-// The whole file in memory; false when it cannot be opened or read (a directory fails on reading).
-bool readWholeFile(const std::string& path, std::string& data) {
-    std::FILE* file = std::fopen(path.c_str(), "rb");
-    if (!file) return false;
-    std::size_t used = 0;
-    for (;;) {
-        data.resize(used + std::max<std::size_t>(used, 1 << 16));
-        const std::size_t wanted = data.size() - used;
-        const std::size_t got = std::fread(&data[used], 1, wanted, file);
-        used += got;
-        if (got < wanted) break;
-    }
-    const bool ok = !std::ferror(file);
-    std::fclose(file);
-    data.resize(used);
-    return ok;
-}
 
 const char* findByte(const char* begin, const char* end, char byte) {
     const void* found = std::memchr(begin, byte, static_cast<std::size_t>(end - begin));
@@ -85,14 +57,14 @@ std::string formatWeights(const std::vector<int>& indices, const std::vector<dou
             *out++ = '"';
             *out++ = ':';
             *out++ = ' ';
-            out = writeWeight(out, weights[k]);
+            out = writeNumber(out, weights[k]);
             if (k + 1 < count) *out++ = ',';
             *out++ = '\n';
         } else {
             if (k > 0) *out++ = '\n';
             out = writeIndex(out, indices[k]);
             *out++ = ' ';
-            out = writeWeight(out, weights[k]);
+            out = writeNumber(out, weights[k]);
         }
         text.append(line, out);
     }
@@ -104,10 +76,7 @@ bool writeWeightsFile(const std::string& path, const std::vector<int>& indices,
                       const std::vector<double>& weights, bool asJson) {
     std::string text = formatWeights(indices, weights, asJson);
     text += '\n';
-    std::FILE* file = std::fopen(path.c_str(), "wb");
-    if (!file) return false;
-    const bool written = std::fwrite(text.data(), 1, text.size(), file) == text.size();
-    return std::fclose(file) == 0 && written;
+    return writeWholeFile(path, text);
 }
 
 // Scans byte by byte: control bytes and blanks are skipped, "..." is a key (converted as an int), and

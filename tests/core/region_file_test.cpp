@@ -1,0 +1,168 @@
+// Region map files: the four written layouts byte for byte, the two readers on files written by
+// hand, and a round trip through both whole-map layouts.
+#include <gtest/gtest.h>
+
+#include "core/json/RegionFile.h"
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <string>
+#include <unistd.h>
+
+namespace {
+
+using core::RegionMap;
+
+RegionMap mapOf(const std::vector<core::RegionWeights>& rows) {
+    RegionMap map;
+    for (const core::RegionWeights& row : rows)
+        for (int k = 0; k < core::kRegionCount; ++k) map.regions[k].push_back(row[k]);
+    return map;
+}
+
+TEST(RegionFileWrite, WholeMapLayouts) {
+    const RegionMap two = mapOf({{0.5, 1, 0, 0.0001, 0.00001, 0.1234567}, {0, 0, 1, 0, 0, 0}});
+    EXPECT_EQ(json::formatRegionMap(two, "a b", false),
+              "a b\n0 0.5 1 0 0.0001 1e-05 0.123457\n1 0 0 1 0 0 0");
+    EXPECT_EQ(json::formatRegionMap(two, "a b", true),
+              "{\n\t\"settings\": \"a b\",\n"
+              "\t\"0\": [\n\t\t0.5,\n\t\t1,\n\t\t0,\n\t\t0.0001,\n\t\t1e-05,\n\t\t0.123457\n\t],\n"
+              "\t\"1\": [\n\t\t0,\n\t\t0,\n\t\t1,\n\t\t0,\n\t\t0,\n\t\t0\n\t]\n"
+              "}");
+    const RegionMap one = mapOf({{1, 0, 0, 0, 0, 0}});
+    EXPECT_EQ(json::formatRegionMap(one, "", true),
+              "{\n\t\"settings\": \"\",\n\t\"0\": [\n\t\t1,\n\t\t0,\n\t\t0,\n\t\t0,\n\t\t0,\n\t\t0\n\t]\n}");
+    EXPECT_EQ(json::formatRegionMap(RegionMap(), "s", false), "s");
+    EXPECT_EQ(json::formatRegionMap(RegionMap(), "s", true), "{\n\t\"settings\": \"s\",\n}");
+    // The settings text goes in verbatim.
+    EXPECT_EQ(json::formatRegionMap(RegionMap(), "say \"hi\"", true),
+              "{\n\t\"settings\": \"say \"hi\"\",\n}");
+}
+
+TEST(RegionFileWrite, OneRegionLayoutsAndKeyedRows) {
+    const std::vector<double> weights = {0.25, 1, 1e-7};
+    EXPECT_EQ(json::formatRegion(weights, false), "0 0.25\n1 1\n2 1e-07");
+    EXPECT_EQ(json::formatRegion(weights, true), "{\n\t\"0\": 0.25,\n\t\"1\": 1,\n\t\"2\": 1e-07\n}");
+    EXPECT_EQ(json::formatRegion({}, false), "");
+    EXPECT_EQ(json::formatRegion({}, true), "{\n}");
+
+    std::string row;
+    json::writeKeyArray6(row, 12, {1, 2, 3, 4, 5, 6}, 2, false);
+    EXPECT_EQ(row, "\t\t\"12\": [\n\t\t\t1,\n\t\t\t2,\n\t\t\t3,\n\t\t\t4,\n\t\t\t5,\n\t\t\t6\n\t\t],\n");
+}
+
+struct ReadCase {
+    const char* label;
+    std::string text;
+    std::string settings;
+    std::vector<std::vector<double>> regions; // regions 0..5 as read, before lengths are matched
+};
+
+void expectRead(const ReadCase& c, const RegionMap& map, const std::string& settings) {
+    EXPECT_EQ(settings, c.settings) << c.label;
+    for (int k = 0; k < core::kRegionCount; ++k)
+        EXPECT_EQ(map.regions[k], c.regions[k]) << c.label << " region " << k;
+}
+
+TEST(RegionFileRead, TextLayoutToleratesBrokenRows) {
+    const ReadCase cases[] = {
+        {"plain",
+         "set up\n0 1 0 0 0 0 0\n1 0 0.5 0 0 0 0.5",
+         "set up",
+         {{1, 0}, {0, 0.5}, {0, 0}, {0, 0}, {0, 0}, {0, 0.5}}},
+        {"tabs, form feeds, CRLF", "s\r\n7\t1 \f0  0 0 0 0.25\r\n", "s", {{1}, {0}, {0}, {0}, {0}, {0.25}}},
+        {"index not checked",
+         "\n5 1 2 3 4 5 6\n5 6 5 4 3 2 1",
+         "",
+         {{1, 6}, {2, 5}, {3, 4}, {4, 3}, {5, 2}, {6, 1}}},
+        {"short row", "s\n0 1 2 3\n1 1 2 3 4 5 6", "s", {{1, 1}, {2, 2}, {3, 3}, {4}, {5}, {6}}},
+        {"extra columns", "s\n0 1 2 3 4 5 6 7 8", "s", {{1}, {2}, {3}, {4}, {5}, {6}}},
+        {"non-numeric fields", "s\n0 x 0.5y 3 4 5 6", "s", {{0}, {0.5}, {3}, {4}, {5}, {6}}},
+        {"empty lines and index-only rows",
+         "s\n\n   \n3\n0 1 1 1 1 1 1\n",
+         "s",
+         {{1}, {1}, {1}, {1}, {1}, {1}}},
+        {"settings only", "only", "only", {{}, {}, {}, {}, {}, {}}},
+        {"empty file", "", "", {{}, {}, {}, {}, {}, {}}},
+    };
+    for (const ReadCase& c : cases) {
+        RegionMap map;
+        std::string settings;
+        json::readRegionText(c.text, map, settings);
+        expectRead(c, map, settings);
+    }
+}
+
+TEST(RegionFileRead, JsonLayoutReadsListsInFileOrder) {
+    const ReadCase cases[] = {
+        {"as written",
+         "{\n\t\"settings\": \"a b\",\n\t\"0\": [\n\t\t1,\n\t\t0,\n\t\t0,\n\t\t0,\n\t\t0,\n\t\t0\n\t]\n}",
+         "a b",
+         {{1}, {0}, {0}, {0}, {0}, {0}}},
+        {"keys ignored, one line, CRLF",
+         "{\"1\":[1,2,3,4,5,6],\r\n\"0\": [ 6 , 5,4,3,2,1 ]}",
+         "",
+         {{1, 6}, {2, 5}, {3, 4}, {4, 3}, {5, 2}, {6, 1}}},
+        {"settings after rows, other keys",
+         "{\"x\": \"settings\", \"0\": [1,1,1,1,1,1], \"settings\": \"late\"}",
+         "late",
+         {{1}, {1}, {1}, {1}, {1}, {1}}},
+        {"short and long rows",
+         "{\"0\": [1, 2], \"1\": [1,2,3,4,5,6,7,8]}",
+         "",
+         {{1, 1}, {2, 2}, {3}, {4}, {5}, {6}}},
+        {"non-numeric values", "{\"0\": [a, 0.5, 1e-3, , --1, 6]}", "", {{0}, {0.5}, {0.001}, {0}, {0}, {6}}},
+        {"empty list", "{\"settings\": \"s\", \"0\": []}", "s", {{}, {}, {}, {}, {}, {}}},
+        {"unterminated", "{\"settings\": \"s", "s", {{}, {}, {}, {}, {}, {}}},
+        {"unterminated list", "{\"0\": [1, 2", "", {{1}, {}, {}, {}, {}, {}}},
+    };
+    for (const ReadCase& c : cases) {
+        RegionMap map;
+        std::string settings;
+        json::readArray6(c.text, map, settings);
+        expectRead(c, map, settings);
+    }
+}
+
+TEST(RegionFileRead, NanTextReadsAsNotANumber) {
+    RegionMap map;
+    std::string settings;
+    json::readArray6("[nan, 1, 1, 1, 1, 1]", map, settings);
+    ASSERT_EQ(map.regions[0].size(), 1u);
+    EXPECT_TRUE(std::isnan(map.regions[0][0]));
+}
+
+TEST(RegionFileRoundTrip, BothLayoutsKeepSixSignificantDigits) {
+    std::mt19937 random(7);
+    std::uniform_real_distribution<> weight(0.0, 1.0);
+    RegionMap map;
+    for (int v = 0; v < 500; ++v)
+        for (auto& region : map.regions) region.push_back(v % 7 == 0 ? 1e-7 * v : weight(random));
+    const std::string folder = testing::TempDir() + "/region_file_test_" + std::to_string(::getpid());
+    std::filesystem::create_directories(folder);
+    for (const char* name : {"map.json", "mapjson", "map.JSON", "map.txt"}) {
+        const std::string path = folder + "/" + name;
+        const bool asJson =
+            std::string(name).size() >= 4 && std::string(name).substr(std::string(name).size() - 4) == "json";
+        std::ofstream(path, std::ios::binary) << json::formatRegionMap(map, "keep \t this", asJson);
+        RegionMap read;
+        std::string settings;
+        ASSERT_TRUE(json::readRegionFile(path, asJson, read, settings)) << name;
+        EXPECT_EQ(settings, "keep \t this") << name;
+        for (int k = 0; k < core::kRegionCount; ++k) {
+            ASSERT_EQ(read.regions[k].size(), map.regions[k].size()) << name;
+            for (std::size_t v = 0; v < map.regions[k].size(); ++v)
+                EXPECT_NEAR(read.regions[k][v], map.regions[k][v], 5e-6 * std::abs(map.regions[k][v]))
+                    << name << " " << v;
+        }
+    }
+    RegionMap none;
+    std::string settings;
+    EXPECT_FALSE(json::readRegionFile(folder + "/missing.json", true, none, settings));
+    EXPECT_FALSE(json::readRegionFile(folder, false, none, settings)); // a folder is not a file
+    std::filesystem::remove_all(folder);
+}
+
+} // namespace
