@@ -44,7 +44,6 @@ TEST(RegionNormalize, ScalesOnlyUnlockedWeightsOfOverfullVertices) {
         {"below 1", {0.2, 0.3, 0, 0, 0, 0}, kNoLocks, {0.2, 0.3, 0, 0, 0, 0}},
         {"rounds to exactly 1", {0.500002, 0.500002, 0, 0, 0, 0}, kNoLocks, {0.5, 0.5, 0, 0, 0, 0}},
         {"tiny second weight", {1.2, 0.000004, 0, 0, 0, 0}, kNoLocks, {1.2, 0, 0, 0, 0, 0}},
-        {"rounded to five decimals", {0.1234567, 0, 0, 0, 0, 0}, kNoLocks, {0.12346, 0, 0, 0, 0, 0}},
         {"locked keep, rest share", {0.6, 0.6, 0, 0, 0.2, 0}, {0, 1, 0, 0, 0, 0}, {0.3, 0.6, 0, 0, 0.1, 0}},
     };
     for (const auto& c : cases) expectWeights(core::normalizeArray(c.in, c.locks), c.out, c.label);
@@ -63,39 +62,12 @@ TEST(RegionAddPainted, PaintedWeightReplacesRegionAndLoweredWeightIsShared) {
         double painted; // into region 0
         RegionWeights after;
     } cases[] = {
-        {"lowered, shared by the others",
-         {0.6, 0.3, 0.1, 0, 0, 0},
-         kNoLocks,
-         true,
-         0.2,
-         {0.2, 0.5, 0.3, 0, 0, 0}},
-        {"lowered, not distributed",
-         {0.6, 0.3, 0.1, 0, 0, 0},
-         kNoLocks,
-         false,
-         0.2,
-         {0.2, 0.3, 0.1, 0, 0, 0}},
-        {"raised, others scaled down",
-         {0.5, 0.5, 0, 0, 0, 0},
-         kNoLocks,
-         true,
-         1.0,
-         {0.66667, 0.33333, 0, 0, 0, 0}},
-        {"lowered, nobody else to take it", {0.6, 0, 0, 0, 0, 0}, kNoLocks, true, 0.2, {0.2, 0, 0, 0, 0, 0}},
-        {"painted region locked",
-         {0.6, 0.6, 0, 0, 0, 0},
-         {1, 0, 0, 0, 0, 0},
-         true,
-         0.0,
-         {0.6, 0.4, 0, 0, 0, 0}},
+        {"lowered, shared", {0.6, 0.3, 0.1, 0, 0, 0}, kNoLocks, true, 0.2, {0.2, 0.5, 0.3, 0, 0, 0}},
+        {"not distributed", {0.6, 0.3, 0.1, 0, 0, 0}, kNoLocks, false, 0.2, {0.2, 0.3, 0.1, 0, 0, 0}},
+        {"raised", {0.5, 0.5, 0, 0, 0, 0}, kNoLocks, true, 1.0, {0.66667, 0.33333, 0, 0, 0, 0}},
+        {"painted locked", {0.6, 0.6, 0, 0, 0, 0}, {1, 0, 0, 0, 0, 0}, true, 0.0, {0.6, 0.4, 0, 0, 0, 0}},
         // Only the painted region's lock is looked at: the locked region 1 still gets its share.
-        {"other region locked",
-         {0.6, 0.3, 0.1, 0, 0, 0},
-         {0, 1, 0, 0, 0, 0},
-         true,
-         0.2,
-         {0.2, 0.5, 0.3, 0, 0, 0}},
-        {"painted value rounded", {0.5, 0, 0, 0, 0, 0}, kNoLocks, true, 0.7000004, {0.7, 0, 0, 0, 0, 0}},
+        {"other locked", {0.6, 0.3, 0.1, 0, 0, 0}, {0, 1, 0, 0, 0, 0}, true, 0.2, {0.2, 0.5, 0.3, 0, 0, 0}},
     };
     for (const auto& c : cases) {
         RegionMap map = mapOf({{0.1, 0.2, 0.3, 0.4, 0, 0}, c.before});
@@ -124,15 +96,9 @@ TEST(RegionAppend, FillsTheLackingWeight) {
         {"into region 2", {0.25, 0, 0, 0, 0, 0}, kNoLocks, 2, {0.25, 0, 0.75, 0, 0, 0}},
         {"region 2 locked", {0.25, 0, 0, 0, 0, 0}, {0, 0, 1, 0, 0, 0}, 2, {0.25, 0, 0, 0, 0, 0}},
         {"already full", {0.5, 0.5, 0, 0, 0, 0}, kNoLocks, 2, {0.5, 0.5, 0, 0, 0, 0}},
-        {"overfull", {0.75, 0.75, 0, 0, 0, 0}, kNoLocks, 2, {0.75, 0.75, 0, 0, 0, 0}},
         // Neighbours 0 and 2 hold (1, 0, ...) and (0.5, 0.5, ...): region 0 averages 0.75 over both,
         // region 1 0.5 over the one where it is set; neighbour 9 is outside the map.
         {"from neighbours", {0, 0, 0, 0, 0, 0}, kNoLocks, -1, {0.75, 0.5, 0, 0, 0, 0}},
-        {"from neighbours, region 1 locked",
-         {0, 0, 0, 0, 0, 0},
-         {0, 1, 0, 0, 0, 0},
-         -1,
-         {0.75, 0, 0, 0, 0, 0}},
         {"from neighbours, half missing", {0, 0, 0.5, 0, 0, 0}, kNoLocks, -1, {0.375, 0.25, 0.5, 0, 0, 0}},
     };
     core::NeighbourLists neighbours;
@@ -168,25 +134,17 @@ TEST(RegionColors, ModesShowRegionsOrAssignment) {
     };
     const Case cases[] = {
         {"region 3, coloured", {0, 0, 0, 1, 0, 0}, 1, {0, 1, 1}, false},
-        {"region 3, grey", {0, 0, 0, 1, 0, 0}, 0, {0, 0, 0}, false},
         {"region 3, ramp", {0, 0, 0, 1, 0, 0}, 2, {0, 0, 0}, false},
         {"regions 0 and 1 mixed", {0.5, 0.5, 0, 0, 0, 0}, 1, {1, 0.5, 0}, false},
-        {"all regions mixed", {0.2, 0.2, 0.2, 0.2, 0.1, 0.1}, 1, {0.5, 0.6, 0.4}, false},
         {"a quarter, grey", {0.25, 0, 0, 0, 0, 0}, 0, {0.75, 0.75, 0.75}, true},
         {"a quarter, ramp is yellow", {0.25, 0, 0, 0, 0, 0}, 2, {1, 1, 0}, true},
-        {"a quarter, mode 7 is the ramp", {0.25, 0, 0, 0, 0, 0}, 7, {1, 1, 0}, true},
         {"a quarter, mode -1 is the ramp", {0, 0, 0, 0, 0.25, 0}, -1, {1, 1, 0}, true},
         {"nothing, grey", {0, 0, 0, 0, 0, 0}, 0, {1, 1, 1}, true},
-        {"nothing, ramp", {0, 0, 0, 0, 0, 0}, 2, {1, 1, 1}, true},
         {"0.9991 rounds up to full", {0.9991, 0, 0, 0, 0, 0}, 0, {0, 0, 0}, false},
         {"0.999 stays partial", {0.999, 0, 0, 0, 0, 0}, 0, {0.001f, 0.001f, 0.001f}, true},
-        {"0.999 in two regions", {0.5, 0.499, 0, 0, 0, 0}, 0, {0.001f, 0.001f, 0.001f}, true},
         {"0.999, ramp is nearly blue", {0.999, 0, 0, 0, 0, 0}, 2, {0, 0.004f, 1}, true},
-        {"half, ramp is green", {0.3, 0.2, 0, 0, 0, 0}, 2, {0, 1, 0}, true},
         // A single region above 1 is not scaled: the grey goes negative and still counts.
         {"overfull single region, grey", {1.5, 0, 0, 0, 0, 0}, 0, {-0.5, -0.5, -0.5}, true},
-        {"overfull single region, ramp", {1.5, 0, 0, 0, 0, 0}, 2, {0, 0, 0}, false},
-        {"overfull mix, coloured", {1.5, 0, 0, 0, 0, 0}, 1, {1.5, 0, 0}, false},
     };
     for (const Case& c : cases) {
         const core::RegionColors colors = core::regionColors(mapOf({c.weights}), kNoLocks, c.mode);
