@@ -31,14 +31,36 @@ void addPaintedWeights(RegionMap& map, const RegionLocks& locks, int index, cons
 
 namespace {
 
+// The normalised weights of the map's vertices, each worked out when first needed and again after
+// the vertex changed, so that a vertex shared by many neighbourhoods is normalised once.
+class NormalisedRows {
+public:
+    NormalisedRows(const RegionMap& map, const RegionLocks& locks)
+        : map_(map), locks_(locks), rows_(map.vertexCount()), known_(map.vertexCount(), 0) {}
+
+    const RegionWeights& at(std::size_t v) {
+        if (!known_[v]) {
+            rows_[v] = normalizeArray(map_.at(v), locks_);
+            known_[v] = 1;
+        }
+        return rows_[v];
+    }
+    void forget(std::size_t v) { known_[v] = 0; }
+
+private:
+    const RegionMap& map_;
+    const RegionLocks& locks_;
+    std::vector<RegionWeights> rows_;
+    std::vector<char> known_;
+};
+
 // Per region, the mean of the neighbours' normalised weights over the neighbours where it is above 0.
-RegionWeights neighbourMean(const RegionMap& map, const RegionLocks& locks, const int* first,
-                            const int* last) {
+RegionWeights neighbourMean(NormalisedRows& rows, std::size_t count, const int* first, const int* last) {
     RegionWeights sum{};
     std::array<int, kRegionCount> counted{};
     for (const int* n = first; n != last; ++n) {
-        if (*n < 0 || static_cast<std::size_t>(*n) >= map.vertexCount()) continue;
-        const RegionWeights r = normalizeArray(map.at(static_cast<std::size_t>(*n)), locks);
+        if (*n < 0 || static_cast<std::size_t>(*n) >= count) continue;
+        const RegionWeights& r = rows.at(static_cast<std::size_t>(*n));
         for (int k = 0; k < kRegionCount; ++k) {
             sum[k] += r[k];
             if (r[k] > 0.0) ++counted[k];
@@ -49,27 +71,39 @@ RegionWeights neighbourMean(const RegionMap& map, const RegionLocks& locks, cons
     return sum;
 }
 
+// Gives region `index` of each vertex all of the weight the vertex lacks, unless the region is locked.
+void fillRegion(RegionMap& map, const RegionLocks& locks, int index, const std::vector<int>& vertices) {
+    for (const int vertex : vertices) {
+        if (vertex < 0 || static_cast<std::size_t>(vertex) >= map.vertexCount()) continue;
+        const std::size_t v = static_cast<std::size_t>(vertex);
+        const RegionWeights r = normalizeArray(map.at(v), locks);
+        const double unassigned = roundDouble(1.0 - (r[0] + r[1] + r[2] + r[3] + r[4] + r[5]));
+        if (unassigned > 0.0 && !locks[index]) map.regions[index][v] += unassigned;
+    }
+}
+
 } // namespace
 
 void appendUnassigned(RegionMap& map, const RegionLocks& locks, int index, const std::vector<int>& vertices,
                       const NeighbourLists& neighbours) {
-    const bool fromNeighbours = index == -1;
-    for (std::size_t j = 0; j < vertices.size(); ++j) {
-        if (vertices[j] < 0 || static_cast<std::size_t>(vertices[j]) >= map.vertexCount()) continue;
+    if (index != -1) {
+        fillRegion(map, locks, index, vertices);
+        return;
+    }
+    const std::size_t count = map.vertexCount();
+    NormalisedRows rows(map, locks);
+    const int* list = neighbours.indices.data();
+    for (std::size_t j = 0; j < vertices.size() && j + 1 < neighbours.offsets.size(); ++j) {
+        if (vertices[j] < 0 || static_cast<std::size_t>(vertices[j]) >= count) continue;
         const std::size_t v = static_cast<std::size_t>(vertices[j]);
-        const RegionWeights r = normalizeArray(map.at(v), locks);
+        const RegionWeights& r = rows.at(v);
         const double unassigned = roundDouble(1.0 - (r[0] + r[1] + r[2] + r[3] + r[4] + r[5]));
         if (!(unassigned > 0.0)) continue;
-        if (!fromNeighbours) {
-            if (!locks[index]) map.regions[index][v] += unassigned;
-            continue;
-        }
-        if (j + 1 >= neighbours.offsets.size()) continue;
-        const int* list = neighbours.indices.data();
         const RegionWeights mean =
-            neighbourMean(map, locks, list + neighbours.offsets[j], list + neighbours.offsets[j + 1]);
+            neighbourMean(rows, count, list + neighbours.offsets[j], list + neighbours.offsets[j + 1]);
         for (int k = 0; k < kRegionCount; ++k)
             if (!locks[k]) map.regions[k][v] += unassigned * mean[k];
+        rows.forget(v);
     }
 }
 
