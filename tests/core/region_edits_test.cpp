@@ -112,18 +112,6 @@ TEST(RegionAppend, FillsTheLackingWeight) {
     }
 }
 
-// Vertices are filled in order, so a vertex filled earlier counts as a neighbour with its new weights.
-TEST(RegionAppend, LaterVerticesSeeEarlierFills) {
-    RegionMap map = mapOf({{0, 0, 0, 1, 0, 0}, {0, 0, 0, 0, 0, 0}, {0, 0, 0, 0, 0, 0}, {0, 0, 0, 0, 0, 0}});
-    core::NeighbourLists neighbours;
-    neighbours.indices = {0, 1};
-    neighbours.offsets = {0, 1, 2, 2};
-    core::appendUnassigned(map, kNoLocks, -1, {1, 2, 7}, neighbours);
-    expectWeights(map.at(1), {0, 0, 0, 1, 0, 0}, "vertex 1");
-    expectWeights(map.at(2), {0, 0, 0, 1, 0, 0}, "vertex 2");
-    expectWeights(map.at(3), {0, 0, 0, 0, 0, 0}, "vertex 3");
-}
-
 TEST(RegionColors, ModesShowRegionsOrAssignment) {
     struct Case {
         const char* label;

@@ -1,5 +1,5 @@
-// Region map files: the four written layouts byte for byte, and the two readers on files written
-// by hand.
+// The two region file readers on files written by hand (the written layouts are checked through the
+// command).
 #include <gtest/gtest.h>
 
 #include "core/json/RegionFile.h"
@@ -9,44 +9,6 @@
 namespace {
 
 using core::RegionMap;
-
-RegionMap mapOf(const std::vector<core::RegionWeights>& rows) {
-    RegionMap map;
-    for (const core::RegionWeights& row : rows)
-        for (int k = 0; k < core::kRegionCount; ++k) map.regions[k].push_back(row[k]);
-    return map;
-}
-
-TEST(RegionFileWrite, WholeMapLayouts) {
-    const RegionMap two = mapOf({{0.5, 1, 0, 0.0001, 0.00001, 0.1234567}, {0, 0, 1, 0, 0, 0}});
-    EXPECT_EQ(json::formatRegionMap(two, "a b", false),
-              "a b\n0 0.5 1 0 0.0001 1e-05 0.123457\n1 0 0 1 0 0 0");
-    EXPECT_EQ(json::formatRegionMap(two, "a b", true),
-              "{\n\t\"settings\": \"a b\",\n"
-              "\t\"0\": [\n\t\t0.5,\n\t\t1,\n\t\t0,\n\t\t0.0001,\n\t\t1e-05,\n\t\t0.123457\n\t],\n"
-              "\t\"1\": [\n\t\t0,\n\t\t0,\n\t\t1,\n\t\t0,\n\t\t0,\n\t\t0\n\t]\n"
-              "}");
-    const RegionMap one = mapOf({{1, 0, 0, 0, 0, 0}});
-    EXPECT_EQ(json::formatRegionMap(one, "", true),
-              "{\n\t\"settings\": \"\",\n\t\"0\": [\n\t\t1,\n\t\t0,\n\t\t0,\n\t\t0,\n\t\t0,\n\t\t0\n\t]\n}");
-    EXPECT_EQ(json::formatRegionMap(RegionMap(), "s", false), "s");
-    EXPECT_EQ(json::formatRegionMap(RegionMap(), "s", true), "{\n\t\"settings\": \"s\",\n}");
-    // The settings text goes in verbatim.
-    EXPECT_EQ(json::formatRegionMap(RegionMap(), "say \"hi\"", true),
-              "{\n\t\"settings\": \"say \"hi\"\",\n}");
-}
-
-TEST(RegionFileWrite, OneRegionLayoutsAndKeyedRows) {
-    const std::vector<double> weights = {0.25, 1, 1e-7};
-    EXPECT_EQ(json::formatRegion(weights, false), "0 0.25\n1 1\n2 1e-07");
-    EXPECT_EQ(json::formatRegion(weights, true), "{\n\t\"0\": 0.25,\n\t\"1\": 1,\n\t\"2\": 1e-07\n}");
-    EXPECT_EQ(json::formatRegion({}, false), "");
-    EXPECT_EQ(json::formatRegion({}, true), "{\n}");
-
-    std::string row;
-    json::writeKeyArray6(row, 12, {1, 2, 3, 4, 5, 6}, 2, false);
-    EXPECT_EQ(row, "\t\t\"12\": [\n\t\t\t1,\n\t\t\t2,\n\t\t\t3,\n\t\t\t4,\n\t\t\t5,\n\t\t\t6\n\t\t],\n");
-}
 
 struct ReadCase {
     const char* label;

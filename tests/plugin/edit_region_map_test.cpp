@@ -1,8 +1,7 @@
 // kv_editRegionMap on a small plane: the checks before any work, which operation wins, painting a
-// region through the base weights, filling, clearing, storing and restoring, and colour display.
+// region through the base weights, filling, clearing, storing and restoring.
 #include "RegionMapSession.h"
 
-#include <maya/MColorArray.h>
 #include <maya/MFnMesh.h>
 
 namespace {
@@ -26,7 +25,6 @@ TEST_F(EditRegionMap, ChecksBeforeAnyWork) {
         {"-col 1 rg", {"The mesh is not defined."}, true},
         {"-ap rg", {"The mesh is not defined."}, true},
         {"-col 1 -m pl rg", {"pl is not a mesh object."}, true},
-        {"-col 1 -m bs rg", {"bs is not a mesh object."}, true},
         {"-col 1 -m nothingHere rg", {"nothingHere is not a mesh object."}, true},
     };
     setRows(planeMap());
@@ -76,9 +74,7 @@ TEST_F(EditRegionMap, PaintingARegionThroughTheBaseWeights) {
         Row vertex0;
     } cases[] = {
         {"", {}, {{4, 0.2}}, {0.2, 0.5, 0.3, 0, 0, 0}, {1, 0, 0, 0, 0, 0}},
-        {"-dw 0", {}, {{4, 0.2}}, {0.2, 0.3, 0.1, 0, 0, 0}, {1, 0, 0, 0, 0, 0}},
         {"-dw 0", {}, {{4, 0.2}, {0, 0.5}}, {0.2, 0.3, 0.1, 0, 0, 0}, {0.5, 0, 0, 0, 0, 0}},
-        {"", {1, 0, 0, 0, 0, 0}, {{4, 0.2}}, {0.6, 0.3, 0.1, 0, 0, 0}, {1, 0, 0, 0, 0, 0}},
         // Region 1 is locked but still takes its share of what region 0 gave up.
         {"", {0, 1, 0, 0, 0, 0}, {{4, 0.2}}, {0.2, 0.5, 0.3, 0, 0, 0}, {1, 0, 0, 0, 0, 0}},
     };
@@ -174,60 +170,15 @@ TEST_F(EditRegionMap, StoreEditRestore) {
     EXPECT_TRUE(rows().empty());
 }
 
-class RegionColorDisplay : public RegionMapSession {
-protected:
-    static MFnMesh planeMesh() {
-        MSelectionList list;
-        list.add("plShape");
-        MDagPath path;
-        list.getDagPath(0, path);
-        return MFnMesh(path);
-    }
-    static MColorArray colors() {
-        MColorArray out;
-        planeMesh().getVertexColors(out);
-        return out;
-    }
-};
-
-TEST_F(RegionColorDisplay, ModesAndPartialReport) {
-    planeMesh().createColorSetWithName("regions");
-    Rows map = planeMap();
-    map[6] = {0.25, 0, 0, 0, 0, 0};
-    map[7] = {0, 0, 0, 1, 0, 0};
-    setRows(map);
-    const struct {
-        int mode;
-        Lines infos;
-        std::array<float, 3> vertex3, vertex6, vertex7;
-    } cases[] = {
-        {1, {}, {0.5f, 1, 0}, {0.25f, 0, 0}, {0, 1, 1}},
-        {0, {"Partial weights found: 2"}, {0, 0, 0}, {0.75f, 0.75f, 0.75f}, {0, 0, 0}},
-        {2, {"Partial weights found: 2"}, {0, 0, 0}, {1, 1, 0}, {0, 0, 0}},
-        {-3, {"Partial weights found: 2"}, {0, 0, 0}, {1, 1, 0}, {0, 0, 0}},
-    };
-    for (const auto& c : cases) {
-        clearMessages();
-        EXPECT_EQ(region("-col " + std::to_string(c.mode) + " -m plShape rg"), CommandResult(1)) << c.mode;
-        EXPECT_EQ(infos(), c.infos) << c.mode;
-        const MColorArray shown = colors();
-        ASSERT_EQ(shown.length(), 9u);
-        const std::pair<unsigned int, std::array<float, 3>> checks[] = {
-            {3, c.vertex3}, {6, c.vertex6}, {7, c.vertex7}};
-        for (const auto& [v, rgb] : checks) {
-            EXPECT_NEAR(shown[v].r, rgb[0], 1e-5) << c.mode << " vertex " << v;
-            EXPECT_NEAR(shown[v].g, rgb[1], 1e-5) << c.mode << " vertex " << v;
-            EXPECT_NEAR(shown[v].b, rgb[2], 1e-5) << c.mode << " vertex " << v;
-            EXPECT_EQ(shown[v].a, 1.0f);
-        }
-    }
-}
-
-TEST_F(RegionColorDisplay, MeshWithoutColourSetIsLeftAlone) {
+TEST_F(EditRegionMap, ColoursNeedAColourSet) {
     setRows(planeMap());
     EXPECT_EQ(region("-col 0 -m plShape rg"), CommandResult(1));
     EXPECT_TRUE(infos().empty());
-    EXPECT_EQ(planeMesh().numColorSets(), 0);
+    MSelectionList list;
+    list.add("plShape");
+    MDagPath path;
+    list.getDagPath(0, path);
+    EXPECT_EQ(MFnMesh(path).numColorSets(), 0);
 }
 
 } // namespace
