@@ -2,9 +2,9 @@
 
 #include "core/common/StreamNumbers.h"
 #include "core/common/TextNumbers.h"
+#include "core/json/TextFile.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
 #include <limits>
 #include <string_view>
@@ -12,24 +12,6 @@
 namespace json {
 
 namespace {
-
-// The whole file in memory; false when it cannot be opened or read (a directory fails on reading).
-bool readWholeFile(const std::string& path, std::string& data) {
-    std::FILE* file = std::fopen(path.c_str(), "rb");
-    if (!file) return false;
-    std::size_t used = 0;
-    for (;;) {
-        data.resize(used + std::max<std::size_t>(used, 1 << 16));
-        const std::size_t wanted = data.size() - used;
-        const std::size_t got = std::fread(&data[used], 1, wanted, file);
-        used += got;
-        if (got < wanted) break;
-    }
-    const bool ok = !std::ferror(file);
-    std::fclose(file);
-    data.resize(used);
-    return ok;
-}
 
 const char* findByte(const char* begin, const char* end, char byte) {
     const void* found = std::memchr(begin, byte, static_cast<std::size_t>(end - begin));
@@ -95,10 +77,7 @@ bool writeWeightsFile(const std::string& path, const std::vector<int>& indices,
                       const std::vector<double>& weights, bool asJson) {
     std::string text = formatWeights(indices, weights, asJson);
     text += '\n';
-    std::FILE* file = std::fopen(path.c_str(), "wb");
-    if (!file) return false;
-    const bool written = std::fwrite(text.data(), 1, text.size(), file) == text.size();
-    return std::fclose(file) == 0 && written;
+    return writeWholeFile(path, text);
 }
 
 // Scans byte by byte: control bytes and blanks are skipped, "..." is a key (converted as an int), and

@@ -24,6 +24,7 @@ std::vector<NodeTypeDef> builtinNodeTypes() {
     addDagTypes(out);
     addDeformerTypes(out);
     addSetTypes(out);
+    addRegionTypes(out);
     return out;
 }
 

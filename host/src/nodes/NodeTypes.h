@@ -12,6 +12,7 @@ std::vector<NodeTypeDef> builtinNodeTypes();
 void addDagTypes(std::vector<NodeTypeDef>& out);
 void addDeformerTypes(std::vector<NodeTypeDef>& out);
 void addSetTypes(std::vector<NodeTypeDef>& out);
+void addRegionTypes(std::vector<NodeTypeDef>& out);
 
 // Helpers for the tables.
 template <class... A> std::vector<AttrPtr> attrs(A... a) {
