@@ -17,6 +17,7 @@ void registerBuiltinCommands(CommandTable& table) {
     registerPolyCommands(table);
     registerPolySelectCommand(table);
     registerMiscCommands(table);
+    registerToolCommands(table);
 }
 
 } // namespace host

@@ -17,5 +17,6 @@ void registerSetsCommand(CommandTable& table);       // sets
 void registerPolyCommands(CommandTable& table);      // polyCube, polyPlane, polySphere
 void registerPolySelectCommand(CommandTable& table); // polySelect
 void registerMiscCommands(CommandTable& table);      // optionVar, currentTime
+void registerToolCommands(CommandTable& table);      // setToolTo, currentCtx, toolEvent, interface procedures
 
 } // namespace host

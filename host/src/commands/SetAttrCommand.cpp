@@ -6,6 +6,8 @@
 #include "commands/TypedValues.h"
 #include "engine/Scene.h"
 
+#include <cctype>
+
 namespace host {
 
 namespace {
@@ -72,6 +74,16 @@ bool writeValues(const PlugRange& range, std::string typeName, TokenCursor& in, 
     return writePayloads(range, typeName, in, error);
 }
 
+// Whether text[at..] starts like a number: a digit, a sign, or a point before a digit.
+bool startsNumber(const std::string& text, std::size_t at) {
+    auto digit = [&](std::size_t i) {
+        return i < text.size() && std::isdigit(static_cast<unsigned char>(text[i]));
+    };
+    if (at >= text.size()) return false;
+    const char c = text[at];
+    return digit(at) || c == '-' || c == '+' || (c == '.' && digit(at + 1));
+}
+
 bool setAttrCommand(Invocation& inv) {
     static const FlagTable flags = {
         {"typ", "type", "s"},  {"s", "size", "i"},         {"l", "lock", "b"},
@@ -85,11 +97,20 @@ bool setAttrCommand(Invocation& inv) {
     if (args.has("size") && args.integer("size") < 0) return args.fail("-s needs a count of 0 or more.");
     std::string error;
     PlugRange range;
-    if (!range.resolve(positional[0]->text, error)) {
+    // A value glued to the closing bracket ("cmp.w[10000]0.500000") is read as the first value.
+    std::vector<const Token*> values(positional.begin() + 1, positional.end());
+    const std::string& plugText = positional[0]->text;
+    const std::size_t bracket = plugText.rfind(']');
+    Token glued;
+    if (bracket != std::string::npos && startsNumber(plugText, bracket + 1)) {
+        glued.text = plugText.substr(bracket + 1);
+        values.insert(values.begin(), &glued);
+    }
+    if (!range.resolve(glued.text.empty() ? plugText : plugText.substr(0, bracket + 1), error)) {
         messageLog().error(error);
         return false;
     }
-    TokenCursor in(positional, 1);
+    TokenCursor in(values, 0);
     if (in.atEnd()) {
         // Flags alone (lock, keyable, size hints) set nothing the host keeps.
         if (!args.flagUses().empty()) return true;

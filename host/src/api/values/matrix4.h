@@ -70,8 +70,15 @@ template <class T> void adjoint(const Rows<T>& m, Rows<T>& out) {
 }
 
 // Gauss-Jordan elimination with partial pivoting. A singular matrix has no inverse: the result is
-// then the identity, so callers never see infinities or NaNs.
+// then the identity, so callers never see infinities or NaNs. A matrix holding a value that is not
+// finite, or a pivot so small that the inverse overflows, counts as singular too.
 template <class T> void inverse(const Rows<T>& m, Rows<T>& out) {
+    for (int r = 0; r < 4; ++r)
+        for (int c = 0; c < 4; ++c)
+            if (!std::isfinite(m[r][c])) {
+                setIdentity(out);
+                return;
+            }
     T a[4][4], inv[4][4];
     copy(m, a);
     setIdentity(inv);
@@ -101,6 +108,12 @@ template <class T> void inverse(const Rows<T>& m, Rows<T>& out) {
             }
         }
     }
+    for (const auto& row : inv)
+        for (T value : row)
+            if (!std::isfinite(value)) {
+                setIdentity(out);
+                return;
+            }
     copy(inv, out);
 }
 
