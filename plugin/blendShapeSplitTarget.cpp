@@ -126,7 +126,9 @@ MStatus blendShapeSplitTarget::redoIt() {
 
     if (baseHardSplit()) {
         const core::TargetDeltas halved = core::halvedCentreDeltas(read, coordinates, axisNumber, tolerance);
-        if (!common::setTargetComponents(blendShapeNode, 0, 6000, common::toIntArray(halved.components))) {
+        // The new component list holds the vertices read; the node still has them unless the
+        // target was empty and got its placeholder vertex, so only that case is written.
+        if (halved.components.empty() && !common::setTargetComponents(blendShapeNode, 0, 6000, MIntArray())) {
             MGlobal::displayError("Error setting components.");
             return MS::kSuccess;
         }
@@ -174,12 +176,8 @@ bool blendShapeSplitTarget::readComponents() {
 
 MStatus blendShapeSplitTarget::undoIt() {
     if (!baseHardSplit()) return MS::kSuccess;
-    MStatus status = common::setTargetComponents(blendShapeNode, 0, 6000, components);
-    if (!status) {
-        MGlobal::displayError("Error setting components.");
-        return status;
-    }
-    status = common::setTargetPoints(blendShapeNode, 0, 6000, points);
+    // The component list is the one redoIt found (see there): only the deltas need restoring.
+    const MStatus status = common::setTargetPoints(blendShapeNode, 0, 6000, points);
     if (!status) MGlobal::displayError("Error setting points.");
     return status;
 }
