@@ -2,6 +2,7 @@
 
 #include "commandSupport.h"
 #include "symmetrySupport.h"
+#include "targetDeltas.h"
 #include "vertexOrderMap.h"
 
 #include "core/mesh/MeshTopology.h"

@@ -128,10 +128,4 @@ MStatus selectComponents(const std::vector<std::string>& components) {
     return MGlobal::setActiveSelectionList(list, MGlobal::kReplaceList);
 }
 
-MIntArray toIntArray(const std::vector<int>& values) {
-    MIntArray array(static_cast<unsigned int>(values.size()));
-    for (unsigned int i = 0; i < array.length(); ++i) array[i] = values[i];
-    return array;
-}
-
 } // namespace common

@@ -60,6 +60,4 @@ MStatus selectVertices(const MDagPath& mesh, MIntArray& vertices);
 // Replaces the active selection with the components named by the strings.
 MStatus selectComponents(const std::vector<std::string>& components);
 
-MIntArray toIntArray(const std::vector<int>& values);
-
 } // namespace common
