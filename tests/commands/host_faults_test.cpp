@@ -1,43 +1,12 @@
 // Faults of the embedded host found in use: values kept on disconnect, names kept by duplicate and
 // taken from OBJ and scene imports, history deleted with a deformed mesh, and --strict batches.
-#include "engine/Scene.h"
-#include "engine/Session.h"
-#include "lang/Interpreter.h"
-
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <unistd.h>
-#include <vector>
+#include "../files/FileTestSupport.h"
 
 namespace {
 
-class HostFaults : public ::testing::Test {
+class HostFaults : public FileTest {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(host::startSession(host::commandTable(), host::messageLog()));
-        host::resetScene();
-        host::messageLog().clearHistory();
-        folder_ = std::filesystem::temp_directory_path() / ("talven_faults_" + std::to_string(getpid()));
-        std::filesystem::create_directories(folder_);
-    }
-    void TearDown() override { std::filesystem::remove_all(folder_); }
-
-    static bool run(const std::string& text) {
-        host::CommandResult ignored;
-        return host::interpreter().execute(text, ignored);
-    }
-    static host::CommandResult result(const std::string& text) {
-        host::CommandResult r;
-        EXPECT_TRUE(host::interpreter().execute(text, r)) << text;
-        return r;
-    }
     static bool exists(const std::string& name) { return host::scene().findNode(name) != nullptr; }
-    std::string path(const std::string& name) const { return (folder_ / name).string(); }
-
-    std::filesystem::path folder_;
 };
 
 TEST_F(HostFaults, DisconnectKeepsTheDeliveredValue) {

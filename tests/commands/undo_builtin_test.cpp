@@ -1,18 +1,8 @@
 // Undo and redo of the built-in commands: each scene-changing command, run after its setup, is
 // undone back to the scene before it and redone to the scene after it, compared as saved text
 // together with the selection and the current time.
-#include "engine/Scene.h"
-#include "engine/Session.h"
+#include "../files/FileTestSupport.h"
 #include "files/SceneWriter.h"
-#include "lang/Interpreter.h"
-
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <unistd.h>
-#include <vector>
 
 namespace {
 
@@ -22,21 +12,8 @@ struct UndoCase {
     std::string command;
 };
 
-class UndoSession : public ::testing::Test {
+class UndoSession : public FileTest {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(host::startSession(host::commandTable(), host::messageLog()));
-        host::resetScene();
-        host::messageLog().clearHistory();
-        folder_ = std::filesystem::temp_directory_path() / ("talven_undo_" + std::to_string(getpid()));
-        std::filesystem::create_directories(folder_);
-    }
-
-    static bool run(const std::string& text) {
-        host::CommandResult ignored;
-        return host::interpreter().execute(text, ignored);
-    }
-
     // The scene as text, the selection and the current time.
     static std::string snapshot() {
         std::vector<std::string> problems;
@@ -51,16 +28,12 @@ protected:
         return text;
     }
 
-    std::string path(const std::string& name) const { return (folder_ / name).string(); }
-
     // "{dir}" in a case's text stands for the test's folder.
     std::string expand(std::string text) const {
         for (std::size_t at; (at = text.find("{dir}")) != std::string::npos;)
-            text.replace(at, 5, folder_.string());
+            text.replace(at, 5, folder().string());
         return text;
     }
-
-    std::filesystem::path folder_;
 };
 
 std::string manyValues(int count) {

@@ -4,23 +4,29 @@ namespace host {
 
 namespace {
 
-class NodePresence : public Change {
+// An item in or out of one of the scene's lists, at the place it was recorded.
+template <class Item, std::size_t (Scene::*takeOut)(const Item&, std::size_t),
+          void (Scene::*putBack)(const Item&, std::size_t)>
+class Presence : public Change {
 public:
-    NodePresence(NodePtr node, std::size_t index, bool inScene)
-        : node_(std::move(node)), index_(index), inScene_(inScene) {}
+    Presence(Item item, std::size_t index, bool inScene)
+        : item_(std::move(item)), index_(index), inScene_(inScene) {}
     void swap(Scene& scene) override {
         if (inScene_)
-            index_ = scene.takeNodeOut(node_, index_);
+            index_ = (scene.*takeOut)(item_, index_);
         else
-            scene.putNodeBack(node_, index_);
+            (scene.*putBack)(item_, index_);
         inScene_ = !inScene_;
     }
 
 private:
-    NodePtr node_;
+    Item item_;
     std::size_t index_;
     bool inScene_;
 };
+
+using NodePresence = Presence<NodePtr, &Scene::takeNodeOut, &Scene::putNodeBack>;
+using ConnectionPresence = Presence<Connection, &Scene::takeConnectionOut, &Scene::putConnectionBack>;
 
 class ParentChange : public Change {
 public:
@@ -54,24 +60,6 @@ public:
 private:
     NodePtr node_;
     std::string other_;
-};
-
-class ConnectionPresence : public Change {
-public:
-    ConnectionPresence(Connection connection, std::size_t index, bool inScene)
-        : connection_(std::move(connection)), index_(index), inScene_(inScene) {}
-    void swap(Scene& scene) override {
-        if (inScene_)
-            index_ = scene.takeConnectionOut(connection_, index_);
-        else
-            scene.putConnectionBack(connection_, index_);
-        inScene_ = !inScene_;
-    }
-
-private:
-    Connection connection_;
-    std::size_t index_;
-    bool inScene_;
 };
 
 class SlotChange : public Change {
