@@ -1,5 +1,7 @@
 #include "Batch.h"
 
+#include "lang/Tokenizer.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -18,12 +20,8 @@ struct FileCloser {
 };
 using File = std::unique_ptr<std::FILE, FileCloser>;
 
-// Reads a whole file ("-": standard input); on failure `error` says why.
+// Reads a whole file; on failure `error` says why.
 bool readFile(const std::string& path, std::string& text, std::string& error) {
-    if (path == standardInput) {
-        text.assign(std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>());
-        return true;
-    }
     const File file(std::fopen(path.c_str(), "rb"));
     if (!file) {
         error = std::strerror(errno);
@@ -59,6 +57,27 @@ std::string openSceneCommand(const std::string& path) {
     return command + "\";";
 }
 
+// Runs standard input statement by statement as lines arrive, so that a program can drive talven
+// line by line; false when a statement failed. With stopOnError, reading ends there.
+bool runStandardInput(host::Interpreter& interpreter, const host::StatementCallback& callback) {
+    bool allOk = true;
+    std::string pending, line;
+    const auto runPending = [&] {
+        allOk = interpreter.run(pending, "standard input", callback) && allOk;
+        pending.clear();
+        return allOk || !interpreter.stopOnError();
+    };
+    while (std::getline(std::cin, line)) {
+        pending += line;
+        pending += '\n';
+        if (host::isComplete(pending) && pending.find_first_not_of(" \t\r\n") != std::string::npos &&
+            !runPending())
+            return false;
+    }
+    if (pending.find_first_not_of(" \t\r\n") != std::string::npos) runPending();
+    return allOk;
+}
+
 } // namespace
 
 bool inputsReadable(const std::vector<Input>& inputs) {
@@ -78,7 +97,8 @@ int runBatch(const std::vector<Input>& inputs, host::Interpreter& interpreter, R
     for (const Input& input : inputs) {
         std::string text;
         std::string error;
-        if (input.kind == Input::Kind::Commands) {
+        const bool streamed = input.kind == Input::Kind::Script && input.text == standardInput;
+        if (input.kind == Input::Kind::Commands || streamed) {
             text = input.text;
         } else if (input.kind == Input::Kind::Scene) {
             text = openSceneCommand(input.text);
@@ -89,13 +109,16 @@ int runBatch(const std::vector<Input>& inputs, host::Interpreter& interpreter, R
         const std::string source = sourceName(input);
         std::string failedCommand;
         int failedLine = 0;
-        const bool ok = interpreter.run(text, input.kind == Input::Kind::Script ? source : std::string(),
-                                        [&](const host::Outcome& outcome) {
-                                            reporter.report(outcome);
-                                            if (outcome.ok) return;
-                                            failedCommand = outcome.command;
-                                            failedLine = outcome.line;
-                                        });
+        const host::StatementCallback report = [&](const host::Outcome& outcome) {
+            reporter.report(outcome);
+            if (outcome.ok) return;
+            failedCommand = outcome.command;
+            failedLine = outcome.line;
+        };
+        const bool ok =
+            streamed
+                ? runStandardInput(interpreter, report)
+                : interpreter.run(text, input.kind == Input::Kind::Script ? source : std::string(), report);
         allOk = allOk && ok;
         if (!ok && interpreter.stopOnError()) {
             std::cerr << "talven: stopped after \"" << failedCommand << "\" failed (" << source;

@@ -31,6 +31,8 @@ bool parseOptions(int argc, const char* const* argv, Options& options, std::stri
             options.json = true;
         } else if (arg == "--keep-going") {
             options.keepGoing = true;
+        } else if (arg == "--strict") {
+            options.strict = true;
         } else if (arg == "-c") {
             if (++i == argc) {
                 error = "-c needs the commands to run, e.g. -c \"ls -type mesh\"";
@@ -55,7 +57,7 @@ Inputs run in the order given:
   scene.ma          a Maya ASCII scene, opened as by  file -f -o "scene.ma"
   script.mel        any other file: a script of commands, run statement by statement
   -c "commands"     command text given on the command line
-  -                 a script read from standard input
+  -                 a script read from standard input, each statement run as soon as it is complete
 
 With no inputs, talven reads commands from standard input: an interactive shell when it is a
 terminal (prompt "talven> ", history in ~/.talven_history, "quit", "exit" or Ctrl-D to leave),
@@ -65,6 +67,7 @@ Options:
   -c <commands>     run the given commands (may be repeated and mixed with files)
   --json            print one JSON object per statement instead of script-editor text
   --keep-going      do not stop at the first command that fails
+  --strict          a command that reports an error fails, even with a success status
   -h, --help        print this help and exit
   --                treat every following argument as a file, even if it starts with '-'
 
@@ -84,8 +87,10 @@ Output:
        "messages": [{"kind": "error"|"warning"|"info", "text": "..."}]}
 
 Exit status:
-  0  every command succeeded (warnings and errors printed by a succeeding command do not count)
-  1  a command returned a failure status; the run stops there unless --keep-going is given
+  0  every command succeeded (warnings and errors printed by a succeeding command do not count,
+     unless --strict is given)
+  1  a command returned a failure status (or, with --strict, reported an error); the run stops
+     there unless --keep-going is given
   2  bad arguments, an unreadable input file, or the session could not start
 
 Examples:

@@ -17,6 +17,7 @@ struct Options {
     bool help = false;
     bool json = false;
     bool keepGoing = false;
+    bool strict = false;       // an error message fails its statement
     std::vector<Input> inputs; // in the order given
 };
 

@@ -38,6 +38,7 @@ int main(int argc, char** argv) {
     reporter.startStatements();
     host::Interpreter& interpreter = host::interpreter();
     interpreter.setStopOnError(!options.keepGoing);
+    interpreter.setErrorsFail(options.strict);
     if (interactive) return app::runShell(interpreter, reporter, !options.json);
     return app::runBatch(options.inputs, interpreter, reporter);
 }

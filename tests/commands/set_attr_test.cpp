@@ -110,11 +110,13 @@ TEST_F(BuiltinCommandTest, SetAttrBuildsMeshGeometry) {
     // Single elements and children update the geometry in place; a face may be replaced.
     ASSERT_TRUE(run("setAttr cube.vt[3].vy 2; setAttr cube.vt[8] 1 1 1; setAttr cube.fc[0] -type polyFaces f "
                     "4 4 6 8 10"));
-    EXPECT_EQ(mesh.points[3][1], 2.0f);
-    EXPECT_EQ(mesh.numVertices(), 9);
-    EXPECT_EQ(std::vector<int>(mesh.faceConnects.begin(), mesh.faceConnects.begin() + 4),
+    // Written geometry is a new copy: the undo queue keeps the old one.
+    const host::MeshData& edited = *host::scene().findNode("cube")->mesh();
+    EXPECT_EQ(edited.points[3][1], 2.0f);
+    EXPECT_EQ(edited.numVertices(), 9);
+    EXPECT_EQ(std::vector<int>(edited.faceConnects.begin(), edited.faceConnects.begin() + 4),
               (std::vector<int>{0, 2, 4, 6}));
-    EXPECT_EQ(mesh.numFaces(), 6);
+    EXPECT_EQ(edited.numFaces(), 6);
     // Edges that follow from the faces are spelled out when one of them is written.
     ASSERT_TRUE(run("polyCube; setAttr pCubeShape1.ed[3] 0 2 0"));
     const host::MeshData& cube = *host::scene().findNode("pCubeShape1")->mesh();

@@ -3,6 +3,7 @@
 #include "commands/CommandGroups.h"
 #include "commands/ConnectedPlugs.h"
 #include "commands/Names.h"
+#include "engine/Evaluation.h"
 #include "engine/Scene.h"
 
 #include <set>
@@ -29,6 +30,26 @@ Plug nextAvailable(const Plug& array) {
     uint32_t index = 0;
     while (used.count(index)) ++index;
     return array.element(index);
+}
+
+// The leaf values a connection delivers into `plug` (itself, or the children of a compound).
+void deliveredValues(const Plug& plug, std::vector<std::pair<Plug, Value>>& out) {
+    if (plug.isNull() || plug.isArray()) return;
+    if (!plug.isCompound()) {
+        out.emplace_back(plug, evaluatedValue(plug));
+        return;
+    }
+    for (std::size_t k = 0; k < plug.attr()->children.size(); ++k) deliveredValues(plug.child(k), out);
+}
+
+// Breaks a connection; the destination keeps the value it was last given, as Maya leaves it.
+bool disconnectKeepingValue(const Plug& source, const Plug& destination, std::string* error) {
+    std::vector<std::pair<Plug, Value>> kept;
+    deliveredValues(destination, kept);
+    if (!scene().disconnect(source, destination, error)) return false;
+    for (auto& [plug, value] : kept)
+        if (value.index() != 0 && value != plug.value()) plug.setValue(std::move(value));
+    return true;
 }
 
 bool connectAttrCommand(Invocation& inv) {
@@ -64,7 +85,7 @@ bool disconnectAttrCommand(Invocation& inv) {
         std::vector<Connection> found;
         for (const Connection& c : scene().connections())
             if (c.source == plug || c.destination == plug) found.push_back(c);
-        for (const Connection& c : found) scene().disconnect(c.source, c.destination, nullptr);
+        for (const Connection& c : found) disconnectKeepingValue(c.source, c.destination, nullptr);
         return true;
     }
     if (names.size() != 2) return args.fail("give a source and a destination attribute.");
@@ -76,7 +97,7 @@ bool disconnectAttrCommand(Invocation& inv) {
                 destination = d;
                 break;
             }
-    if (!scene().disconnect(source, destination, &error)) return args.fail(error);
+    if (!disconnectKeepingValue(source, destination, &error)) return args.fail(error);
     inv.result = "Disconnect " + scene().plugName(source) + " from " + scene().plugName(destination) + ".";
     return true;
 }

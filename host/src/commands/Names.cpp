@@ -31,6 +31,12 @@ std::string nodeName(const Node& node) {
     return scene().partialPath(node);
 }
 
+std::string shapeNameFor(const std::string& transform) {
+    std::size_t end = transform.size();
+    while (end > 0 && std::isdigit(static_cast<unsigned char>(transform[end - 1]))) --end;
+    return transform.substr(0, end) + "Shape" + transform.substr(end);
+}
+
 bool validAttrName(const std::string& name) {
     if (name.empty() || !std::isalpha(static_cast<unsigned char>(name[0]))) return false;
     return std::all_of(name.begin(), name.end(),

@@ -12,6 +12,8 @@ namespace host {
 Plug lookupPlug(const std::string& text, std::string* error);
 // The name commands report for a node: the shortest unique DAG path, or the plain name.
 std::string nodeName(const Node& node);
+// The name Maya gives the shape of a transform: "head" -> "headShape", "head1" -> "headShape1".
+std::string shapeNameFor(const std::string& transform);
 // Attribute and alias names: a letter, then letters, digits and underscores.
 bool validAttrName(const std::string& name);
 

@@ -4,6 +4,7 @@
 #include "commands/CommandState.h"
 #include "commands/Names.h"
 #include "commands/ObjectItems.h"
+#include "commands/OwnHistory.h"
 #include "engine/Scene.h"
 #include "mesh/MeshData.h"
 
@@ -92,6 +93,13 @@ bool renameCommand(Invocation& inv) {
         messageLog().error(error);
         return false;
     }
+    // A transform's visible shapes follow its new name, as Maya renames them.
+    if (!args.has("ignoreShape") && !node->type().shape) {
+        const std::vector<Node*> children = node->children();
+        for (Node* child : children)
+            if (child->type().shape && !isIntermediateObject(*child))
+                scene().renameNode(scene().sharedNode(child), shapeNameFor(node->name()), nullptr);
+    }
     inv.result = nodeName(*node);
     return true;
 }
@@ -114,10 +122,13 @@ bool deleteCommand(Invocation& inv) {
             return args.fail("components and attributes cannot be deleted.");
     // Nodes carry no construction history in the host: deleting it leaves nothing to do.
     if (args.has("constructionHistory")) return true;
+    std::vector<NodePtr> nodes;
+    for (const SelectionItem& item : items) nodes.push_back(item.node);
+    for (NodePtr& node : ownHistory(nodes)) nodes.push_back(std::move(node));
     bool ok = true;
-    for (const SelectionItem& item : items) {
-        if (!item.node->alive()) continue; // went with a parent listed before it
-        if (!scene().deleteNode(item.node, &error)) {
+    for (const NodePtr& node : nodes) {
+        if (!node->alive()) continue; // went with a parent listed before it
+        if (!scene().deleteNode(node, &error)) {
             messageLog().error(error);
             ok = false;
         }

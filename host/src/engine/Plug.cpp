@@ -1,5 +1,7 @@
 #include "engine/Plug.h"
 
+#include "engine/ChangeJournal.h"
+
 #include <algorithm>
 #include <cstdlib>
 
@@ -106,6 +108,7 @@ const Slot* Plug::slot() const {
 
 Slot* Plug::slotForWrite() const {
     if (isNull() || !node_->alive() || !isComplete()) return nullptr;
+    if (ChangeJournal* journal = recordingJournal()) journal->slotWrite(*this);
     const Chain chain(attr_);
     Slot* s = &node_->topSlot(chain.front());
     int level = 0;
@@ -152,7 +155,8 @@ std::size_t Plug::numElements() const {
 bool Plug::removeElement(uint32_t logical) const {
     if (!isArray()) return false;
     const Slot* s = slot();
-    if (!s || !s->elements) return false;
+    if (!s || !s->elements || !s->elements->find(logical)) return false;
+    if (ChangeJournal* journal = recordingJournal()) journal->slotWrite(element(logical));
     bool removed = const_cast<Slot*>(s)->elements->erase(logical);
     if (removed) node_->touch();
     return removed;
@@ -161,7 +165,8 @@ bool Plug::removeElement(uint32_t logical) const {
 void Plug::clearElements() const {
     if (!isArray()) return;
     const Slot* s = slot();
-    if (s && s->elements) {
+    if (s && s->elements && !s->elements->empty()) {
+        if (ChangeJournal* journal = recordingJournal()) journal->slotWrite(*this);
         const_cast<Slot*>(s)->elements->clear();
         node_->touch();
     }

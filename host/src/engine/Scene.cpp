@@ -1,7 +1,10 @@
 #include "engine/Scene.h"
 
+#include "engine/ChangeJournal.h"
+
 #include <algorithm>
 #include <cctype>
+#include <unordered_set>
 
 namespace host {
 
@@ -63,15 +66,33 @@ bool Scene::nameAvailable(const std::string& name, const Node* parent, const Nod
     return true;
 }
 
-std::string Scene::uniqueName(const std::string& requested, const Node* parent, const Node* self) const {
+std::string Scene::uniqueName(const std::string& requested, const Node* parent, const Node* self) {
     std::string base = requested;
     bool hash = !base.empty() && base.back() == '#';
     if (hash) base.pop_back();
     if (!hash && nameAvailable(base, parent, self)) return base;
     auto [stem, number] = splitTrailingNumber(base);
-    long long n = hash || number < 0 ? 1 : number + 1;
+    const long long first = hash || number < 0 ? 1 : number + 1;
+    // Counting from 1 may start where the last count for this stem and context ended.
+    const bool dag = self ? self->isDag() : parent != nullptr;
+    const uint64_t context = dag ? (parent ? parent->id() : 0) : ~uint64_t{0};
+    long long& known = freeSuffixFrom_[{stem, context}];
+    long long n = first == 1 ? std::max(first, known) : first;
     while (!nameAvailable(stem + std::to_string(n), parent, self)) ++n;
+    if (first == 1) known = n;
     return stem + std::to_string(n);
+}
+
+void Scene::nameFreed(const std::string& name) {
+    auto [stem, number] = splitTrailingNumber(name);
+    if (number < 0) return;
+    for (auto it = freeSuffixFrom_.lower_bound({stem, 0});
+         it != freeSuffixFrom_.end() && it->first.first == stem; ++it)
+        it->second = std::min(it->second, number);
+}
+
+void Scene::addToIndex(Node& node) {
+    byName_.emplace(node.name(), &node);
 }
 
 NodePtr Scene::createNode(const std::string& typeName, const std::string& name, Node* parent,
@@ -104,8 +125,12 @@ NodePtr Scene::createNode(const std::string& typeName, const std::string& name, 
     if (parent && type->generic) node->makeDag();
     node->setName(uniqueName(requested, parent, node.get()));
     if (parent) node->setParent(parent);
-    byName_.emplace(node->name(), node.get());
+    addToIndex(*node);
     nodes_.push_back(node);
+    if (ChangeJournal* journal = recordingJournal()) {
+        journal->nodeAdded(node, nodes_.size() - 1);
+        if (parent) journal->parentChanged(node, nullptr, 0);
+    }
     touch();
     return node;
 }
@@ -115,8 +140,9 @@ void Scene::removeFromIndex(const Node& node) {
     for (auto it = range.first; it != range.second; ++it)
         if (it->second == &node) {
             byName_.erase(it);
-            return;
+            break;
         }
+    nameFreed(node.name());
 }
 
 bool Scene::deleteNode(const NodePtr& node, std::string* error) {
@@ -128,24 +154,38 @@ bool Scene::deleteNode(const NodePtr& node, std::string* error) {
         if (error) *error = "Cannot delete the default node initialShadingGroup.";
         return false;
     }
-    // Children first, so their connections go too.
-    std::vector<Node*> children = node->children();
-    for (Node* child : children) deleteNode(sharedNode(child), nullptr);
-    connections_.erase(std::remove_if(connections_.begin(), connections_.end(),
-                                      [&](const Connection& c) {
-                                          return c.source.node() == node || c.destination.node() == node;
-                                      }),
-                       connections_.end());
-    ++connectionsGeneration_;
-    selection_.erase(std::remove_if(selection_.begin(), selection_.end(),
-                                    [&](const SelectionItem& item) {
-                                        return item.node == node || item.plug.node() == node;
-                                    }),
-                     selection_.end());
-    node->setParent(nullptr);
-    removeFromIndex(*node);
-    nodes_.erase(std::remove(nodes_.begin(), nodes_.end(), node), nodes_.end());
-    node->kill();
+    // The node and everything below it, gathered without recursion: hierarchies may be deep.
+    std::vector<Node*> doomed{node.get()};
+    for (std::size_t i = 0; i < doomed.size(); ++i)
+        doomed.insert(doomed.end(), doomed[i]->children().begin(), doomed[i]->children().end());
+    const std::unordered_set<const Node*> gone(doomed.begin(), doomed.end());
+    eraseConnections([&](const Connection& c) {
+        return gone.count(c.source.node().get()) || gone.count(c.destination.node().get());
+    });
+    const auto selected = [&](const SelectionItem& item) {
+        return gone.count(item.node.get()) || gone.count(item.plug.node().get());
+    };
+    if (std::any_of(selection_.begin(), selection_.end(), selected)) {
+        SelectionList& selection = activeSelection();
+        selection.erase(std::remove_if(selection.begin(), selection.end(), selected), selection.end());
+    }
+    // Only the top node leaves its parent: the nodes below keep their places under it.
+    ChangeJournal* journal = recordingJournal();
+    if (Node* parent = node->parent()) {
+        const std::size_t position = node->childPosition();
+        node->setParent(nullptr);
+        if (journal) journal->parentChanged(node, parent, position);
+    }
+    // Taken out of the list from the back, so each recorded place holds while the earlier ones go.
+    for (std::size_t i = nodes_.size(); i-- > 0;) {
+        Node& candidate = *nodes_[i];
+        if (!gone.count(&candidate)) continue;
+        removeFromIndex(candidate);
+        candidate.kill();
+        if (journal) journal->nodeRemoved(nodes_[i], i);
+    }
+    nodes_.erase(std::remove_if(nodes_.begin(), nodes_.end(), [](const NodePtr& n) { return !n->alive(); }),
+                 nodes_.end());
     touch();
     return true;
 }
@@ -161,11 +201,20 @@ bool Scene::renameNode(const NodePtr& node, const std::string& newName, std::str
         if (error) *error = "New name is not valid: " + newName;
         return false;
     }
+    const std::string oldName = node->name();
     removeFromIndex(*node);
     node->setName(uniqueName(newName, node->parent(), node.get()));
-    byName_.emplace(node->name(), node.get());
+    addToIndex(*node);
+    if (ChangeJournal* journal = recordingJournal()) journal->renamed(node, oldName);
     touch();
     return true;
+}
+
+void Scene::setNodeName(Node& node, std::string name) {
+    removeFromIndex(node);
+    node.setName(std::move(name));
+    addToIndex(node);
+    node.touch();
 }
 
 bool Scene::reparent(const NodePtr& child, Node* newParent, std::string* error) {
@@ -186,7 +235,11 @@ bool Scene::reparent(const NodePtr& child, Node* newParent, std::string* error) 
         if (error) *error = "A shape cannot be parented to the world.";
         return false;
     }
+    Node* oldParent = child->parent();
+    const std::size_t oldPosition = child->childPosition();
     child->setParent(newParent);
+    nameFreed(child->name()); // the name is free again under the old parent
+    if (ChangeJournal* journal = recordingJournal()) journal->parentChanged(child, oldParent, oldPosition);
     if (!nameAvailable(child->name(), newParent, child.get())) renameNode(child, child->name(), nullptr);
     touch();
     return true;
@@ -325,12 +378,16 @@ bool Scene::connect(const Plug& source, const Plug& destination, bool force, std
                          plugName(it->source) + "'.";
             return false;
         }
-        connections_.erase(it);
-        ++connectionsGeneration_;
+        const Connection replaced = *it;
+        eraseConnections([&](const Connection& c) {
+            return c.source == replaced.source && c.destination == replaced.destination;
+        });
         break;
     }
     connections_.push_back({source, destination});
     ++connectionsGeneration_;
+    if (ChangeJournal* journal = recordingJournal())
+        journal->connectionAdded(connections_.back(), connections_.size() - 1);
     source.node()->touch();
     destination.node()->touch();
     touch();
@@ -340,8 +397,8 @@ bool Scene::connect(const Plug& source, const Plug& destination, bool force, std
 bool Scene::disconnect(const Plug& source, const Plug& destination, std::string* error) {
     for (auto it = connections_.begin(); it != connections_.end(); ++it)
         if (it->source == source && it->destination == destination) {
-            connections_.erase(it);
-            ++connectionsGeneration_;
+            eraseConnections(
+                [&](const Connection& c) { return c.source == source && c.destination == destination; });
             destination.node()->touch();
             touch();
             return true;
@@ -378,12 +435,85 @@ std::vector<Connection> Scene::connectionsOf(const Node& node) const {
 }
 
 void Scene::disconnectBelow(const Plug& plug) {
-    connections_.erase(std::remove_if(connections_.begin(), connections_.end(),
-                                      [&](const Connection& c) {
-                                          return isBelow(c.source, plug) || isBelow(c.destination, plug);
-                                      }),
-                       connections_.end());
+    eraseConnections(
+        [&](const Connection& c) { return isBelow(c.source, plug) || isBelow(c.destination, plug); });
+}
+
+template <class Pred> void Scene::eraseConnections(Pred doomed) {
+    std::vector<std::size_t> removed;
+    for (std::size_t i = 0; i < connections_.size(); ++i)
+        if (doomed(connections_[i])) removed.push_back(i);
+    if (removed.empty()) return;
+    // Recorded from the back, as if taken out one by one, so each recorded place holds.
+    if (ChangeJournal* journal = recordingJournal())
+        for (std::size_t k = removed.size(); k-- > 0;)
+            journal->connectionRemoved(connections_[removed[k]], removed[k]);
+    std::size_t kept = 0;
+    for (std::size_t i = 0, r = 0; i < connections_.size(); ++i) {
+        if (r < removed.size() && removed[r] == i) {
+            ++r;
+            continue;
+        }
+        if (kept != i) connections_[kept] = std::move(connections_[i]);
+        ++kept;
+    }
+    connections_.resize(kept);
     ++connectionsGeneration_;
+}
+
+std::size_t Scene::takeNodeOut(const NodePtr& node, std::size_t listIndex) {
+    if (listIndex >= nodes_.size() || nodes_[listIndex] != node)
+        listIndex = static_cast<std::size_t>(std::find(nodes_.begin(), nodes_.end(), node) - nodes_.begin());
+    if (listIndex < nodes_.size()) nodes_.erase(nodes_.begin() + static_cast<std::ptrdiff_t>(listIndex));
+    removeFromIndex(*node);
+    node->kill();
+    touch();
+    return listIndex;
+}
+
+void Scene::putNodeBack(const NodePtr& node, std::size_t listIndex) {
+    node->revive();
+    nodes_.insert(nodes_.begin() + static_cast<std::ptrdiff_t>(std::min(listIndex, nodes_.size())), node);
+    addToIndex(*node);
+    node->touch();
+}
+
+std::size_t Scene::takeConnectionOut(const Connection& connection, std::size_t index) {
+    const auto same = [&](const Connection& c) {
+        return c.source == connection.source && c.destination == connection.destination;
+    };
+    if (index >= connections_.size() || !same(connections_[index]))
+        index = static_cast<std::size_t>(std::find_if(connections_.begin(), connections_.end(), same) -
+                                         connections_.begin());
+    if (index < connections_.size())
+        connections_.erase(connections_.begin() + static_cast<std::ptrdiff_t>(index));
+    ++connectionsGeneration_;
+    connection.source.node()->touch();
+    connection.destination.node()->touch();
+    return index;
+}
+
+void Scene::putConnectionBack(const Connection& connection, std::size_t index) {
+    connections_.insert(
+        connections_.begin() + static_cast<std::ptrdiff_t>(std::min(index, connections_.size())), connection);
+    ++connectionsGeneration_;
+    connection.source.node()->touch();
+    connection.destination.node()->touch();
+}
+
+SelectionList& Scene::activeSelection() {
+    if (ChangeJournal* journal = recordingJournal()) journal->selectionWrite();
+    return selection_;
+}
+
+std::map<std::string, OptionValue>& Scene::optionVars() {
+    if (ChangeJournal* journal = recordingJournal()) journal->optionVarsWrite();
+    return optionVars_;
+}
+
+void Scene::setCurrentTime(double frame) {
+    if (ChangeJournal* journal = recordingJournal()) journal->timeWrite();
+    currentTime_ = frame;
 }
 
 namespace {
@@ -411,9 +541,10 @@ Scene& scene() {
 }
 
 void resetScene() {
+    abandonRecording();
     auto& holder = sceneHolder();
     std::map<std::string, OptionValue> keep;
-    if (holder) keep = holder->optionVars(); // option variables outlive scenes, as in Maya
+    if (holder) keep = std::as_const(*holder).optionVars(); // option variables outlive scenes, as in Maya
     holder = std::make_unique<Scene>();
     holder->optionVars() = std::move(keep);
 }

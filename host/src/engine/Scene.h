@@ -65,21 +65,42 @@ public:
     // Removes connections to array elements or children below `plug` (used when elements go away).
     void disconnectBelow(const Plug& plug);
 
-    SelectionList& activeSelection() { return selection_; }
-    std::map<std::string, OptionValue>& optionVars() { return optionVars_; }
+    // The non-const forms are for writers: a command's change journal keeps the state as it was.
+    SelectionList& activeSelection();
+    const SelectionList& activeSelection() const { return selection_; }
+    std::map<std::string, OptionValue>& optionVars();
+    const std::map<std::string, OptionValue>& optionVars() const { return optionVars_; }
     double currentTime() const { return currentTime_; }
-    void setCurrentTime(double frame) { currentTime_ = frame; }
+    void setCurrentTime(double frame);
     UndoQueue& undoQueue() { return undo_; }
     uint64_t version() const { return sceneChangeCount(); }
     void touch() { noteSceneChange(); }
+    // True when any node has this name.
+    bool nameInUse(const std::string& name) const { return byName_.count(name) > 0; }
+
+    // Undo and redo: a node or connection taken out of, or put back into, its list at the place a
+    // change recorded (the returned place is where it was found), and a rename without checks.
+    std::size_t takeNodeOut(const NodePtr& node, std::size_t listIndex);
+    void putNodeBack(const NodePtr& node, std::size_t listIndex);
+    std::size_t takeConnectionOut(const Connection& connection, std::size_t index);
+    void putConnectionBack(const Connection& connection, std::size_t index);
+    void setNodeName(Node& node, std::string name);
 
 private:
     bool nameAvailable(const std::string& name, const Node* parent, const Node* self) const;
-    std::string uniqueName(const std::string& base, const Node* parent, const Node* self) const;
+    std::string uniqueName(const std::string& base, const Node* parent, const Node* self);
+    void addToIndex(Node& node);
     void removeFromIndex(const Node& node);
+    // A name of `stem` followed by `number` may be free again where it was taken.
+    void nameFreed(const std::string& name);
+    // Removes the connections `doomed` picks, in one pass, recording each.
+    template <class Pred> void eraseConnections(Pred doomed);
 
     std::vector<NodePtr> nodes_;
     std::unordered_multimap<std::string, Node*> byName_;
+    // Per name stem and naming context (a parent's id, or one context for nodes outside the DAG):
+    // every numbered name below this suffix is taken, so finding a free one need not count from 1.
+    std::map<std::pair<std::string, uint64_t>, long long> freeSuffixFrom_;
     std::vector<Connection> connections_;
     // Destination -> source, rebuilt after connections change: reading a value checks its
     // incoming connection, and that must not cost a scan per read.

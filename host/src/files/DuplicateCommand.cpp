@@ -19,12 +19,8 @@ std::string nextFreeName(const std::string& name) {
     while (end > 0 && std::isdigit(static_cast<unsigned char>(name[end - 1]))) --end;
     const std::string stem = name.substr(0, end);
     long long n = end < name.size() && name.size() - end < 15 ? std::stoll(name.substr(end)) + 1 : 1;
-    for (;; ++n) {
-        const std::string candidate = stem + std::to_string(n);
-        bool used = false;
-        for (const NodePtr& node : scene().nodes()) used = used || node->name() == candidate;
-        if (!used) return candidate;
-    }
+    while (scene().nameInUse(stem + std::to_string(n))) ++n;
+    return stem + std::to_string(n);
 }
 
 AttrPtr cloneSpec(const AttrSpec& source) {
@@ -71,17 +67,34 @@ void copyContents(const NodePtr& from, const NodePtr& to) {
     to->touch();
 }
 
+// Copies `from` and the hierarchy below it, parents before children in the original order, without
+// recursion: hierarchies may be deep. The top copy takes `name` (or the next free name); below it,
+// transforms keep their names under their new parents and shapes take the next free name, as Maya
+// names a copied shape.
 NodePtr copyTree(const NodePtr& from, Node* parent, const std::string& name, std::string& error) {
-    NodePtr copy = scene().createNode(from->type().name, name.empty() ? nextFreeName(from->name()) : name,
-                                      parent, &error);
-    if (!copy) return nullptr;
-    copyContents(from, copy);
-    const std::vector<Node*> children = from->children();
-    for (Node* child : children) {
-        const NodePtr node = scene().sharedNode(child);
-        if (!isIntermediate(node) && !copyTree(node, copy.get(), std::string(), error)) return nullptr;
+    NodePtr top = scene().createNode(from->type().name, name.empty() ? nextFreeName(from->name()) : name,
+                                     parent, &error);
+    if (!top) return nullptr;
+    copyContents(from, top);
+    std::vector<std::pair<Node*, Node*>> pending; // original child, parent of its copy
+    const auto queueChildren = [&pending](const Node& original, Node* copy) {
+        const auto& children = original.children();
+        for (auto it = children.rbegin(); it != children.rend(); ++it) pending.emplace_back(*it, copy);
+    };
+    queueChildren(*from, top.get());
+    while (!pending.empty()) {
+        const auto [child, copyParent] = pending.back();
+        pending.pop_back();
+        const NodePtr original = scene().sharedNode(child);
+        if (isIntermediate(original)) continue;
+        const std::string childName =
+            original->type().shape ? nextFreeName(original->name()) : original->name();
+        NodePtr copy = scene().createNode(original->type().name, childName, copyParent, &error);
+        if (!copy) return nullptr;
+        copyContents(original, copy);
+        queueChildren(*original, copy.get());
     }
-    return copy;
+    return top;
 }
 
 } // namespace

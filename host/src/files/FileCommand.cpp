@@ -72,8 +72,25 @@ bool saveCurrentScene(Invocation& inv, const ArgReader& args) {
     return true;
 }
 
+bool importScene(Invocation& inv, const std::string& path) {
+    std::string text, error;
+    SceneReadReport report;
+    if (!loadSceneText(path, text, error) || !importSceneText(path, text, report, error)) {
+        messageLog().error(error);
+        return false;
+    }
+    if (report.errors > 0)
+        messageLog().warning(path + " was imported with " + std::to_string(report.errors) + " error(s).");
+    inv.result = path;
+    return true;
+}
+
 bool importFile(Invocation& inv, const ArgReader& args, const std::string& path) {
-    if (!isObj(args, path)) return args.fail("files are imported from OBJ (-type \"OBJ\") only.");
+    const bool scene = args.has("type") ? args.text("type") == "mayaAscii" : endsWith(path, ".ma");
+    if (scene) return importScene(inv, path);
+    if (!isObj(args, path))
+        return args.fail(
+            "files are imported from OBJ (-type \"OBJ\") or Maya ASCII (-type \"mayaAscii\") only.");
     std::string transform, error;
     if (!importObjFile(path, transform, error)) {
         messageLog().error(error);

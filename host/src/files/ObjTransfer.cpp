@@ -1,5 +1,6 @@
 #include "files/ObjTransfer.h"
 
+#include "commands/Names.h"
 #include "engine/ComponentText.h"
 #include "engine/Scene.h"
 #include "eval/Evaluator.h"
@@ -16,21 +17,31 @@ namespace host {
 namespace {
 
 // "generic_neutral_mesh.obj" -> "generic_neutral_mesh"; characters a node name cannot hold become '_'.
-std::string nodeNameFor(const std::string& path) {
+// A node name made of `text`: other characters become '_', and a leading digit gets a prefix.
+std::string safeNodeName(std::string text) {
+    for (char& c : text)
+        if (!std::isalnum(static_cast<unsigned char>(c)) && c != '_') c = '_';
+    if (text.empty() || std::isdigit(static_cast<unsigned char>(text[0]))) text = "obj_" + text;
+    return text;
+}
+
+// The name of the file's first object ("o name"), or else of the file itself.
+std::string nodeNameFor(const std::string& path, const std::string& text) {
+    for (std::size_t line = 0; line < text.size();) {
+        std::size_t end = text.find('\n', line);
+        if (end == std::string::npos) end = text.size();
+        if (text.compare(line, 2, "o ") == 0 || text.compare(line, 2, "o\t") == 0) {
+            const std::size_t first = text.find_first_not_of(" \t", line + 2);
+            std::size_t last = end;
+            while (last > line && std::isspace(static_cast<unsigned char>(text[last - 1]))) --last;
+            if (first < last) return safeNodeName(text.substr(first, last - first));
+        }
+        line = end + 1;
+    }
     std::string stem = path.substr(path.rfind('/') == std::string::npos ? 0 : path.rfind('/') + 1);
     const std::size_t dot = stem.rfind('.');
     if (dot != std::string::npos && dot > 0) stem.erase(dot);
-    for (char& c : stem)
-        if (!std::isalnum(static_cast<unsigned char>(c)) && c != '_') c = '_';
-    if (stem.empty() || std::isdigit(static_cast<unsigned char>(stem[0]))) stem = "obj_" + stem;
-    return stem;
-}
-
-// "head" -> "headShape", "head1" -> "headShape1", as Maya names shapes.
-std::string shapeNameFor(const std::string& transform) {
-    std::size_t end = transform.size();
-    while (end > 0 && std::isdigit(static_cast<unsigned char>(transform[end - 1]))) --end;
-    return transform.substr(0, end) + "Shape" + transform.substr(end);
+    return safeNodeName(stem);
 }
 
 bool isIntermediate(const NodePtr& node) {
@@ -50,7 +61,8 @@ bool importObjFile(const std::string& path, std::string& transformName, std::str
     buffer << in.rdbuf();
     auto mesh = std::make_shared<MeshData>();
     std::vector<std::string> warnings;
-    if (!parseObj(buffer.str(), *mesh, error, warnings)) {
+    const std::string text = buffer.str();
+    if (!parseObj(text, *mesh, error, warnings)) {
         error = path + " " + error;
         return false;
     }
@@ -60,7 +72,7 @@ bool importObjFile(const std::string& path, std::string& transformName, std::str
         return false;
     }
     Scene& s = scene();
-    const std::string name = nodeNameFor(path);
+    const std::string name = nodeNameFor(path, text);
     NodePtr transform = s.createNode("transform", name, nullptr, &error);
     NodePtr shape =
         transform ? s.createNode("mesh", shapeNameFor(transform->name()), transform.get(), &error) : nullptr;

@@ -1,7 +1,7 @@
 #pragma once
 // OBJ files in and out of the scene: an imported file becomes a transform with a mesh shape named
-// after the file; exported meshes are written in object space as they show (deformers and tweaks
-// applied), one group per mesh.
+// after the file's first object ("o name"), or after the file; exported meshes are written in
+// object space as they show (deformers and tweaks applied), one group per mesh.
 #include "engine/Node.h"
 
 #include <string>

@@ -3,12 +3,14 @@
 #include "commands/ArgReader.h"
 #include "commands/CommandState.h"
 #include "engine/Session.h"
+#include "files/ImportNames.h"
 #include "files/MeshColorSets.h"
 #include "files/MeshStatements.h"
 #include "files/SceneFileStore.h"
 #include "files/SetAttrCapture.h"
 #include "lang/Tokenizer.h"
 
+#include <algorithm>
 #include <cctype>
 #include <fstream>
 #include <initializer_list>
@@ -87,8 +89,8 @@ bool readWholeFile(const std::string& path, std::string& text, std::string& erro
 
 class FileReader {
 public:
-    FileReader(const std::string& path, SceneReadReport& report)
-        : path_(path), report_(report), store_(sceneFileStore()) {}
+    FileReader(const std::string& path, SceneReadReport& report, ImportNames* importNames = nullptr)
+        : path_(path), report_(report), store_(sceneFileStore()), importNames_(importNames) {}
 
     bool run(std::string_view text, std::string& error) {
         Tokenizer tokenizer(text);
@@ -103,6 +105,7 @@ public:
                 error = where(statement) + "the file ends inside this statement: it is cut short.";
                 return false;
             }
+            if (importNames_) importNames_->rewrite(statement);
             read(statement, tokenizer.statementText());
         }
         if (!tokenizer.error().empty()) {
@@ -166,6 +169,7 @@ private:
         }
         NodePtr node = currentNode();
         if (!node) return startKeptBlock(text);
+        if (importNames_) importNames_->created(s, *node);
         std::string flags;
         if (hasFlag(s, {"s", "shared"})) flags = "-s";
         if (hasFlag(s, {"ss", "skipSelect"})) flags += flags.empty() ? "-ss" : " -ss";
@@ -321,7 +325,25 @@ private:
     std::weak_ptr<Node> lastNode_;
     Connection lastConnection_;
     std::unordered_set<std::string> unmadeNodes_;
+    ImportNames* importNames_;
 };
+
+// Reads into the current scene in file reading mode; `importNames` is set for an import.
+bool readInto(const std::string& path, std::string_view text, SceneReadReport& report, std::string& error,
+              ImportNames* importNames) {
+    // Restored however reading ends: an exception must not leave commands in file reading mode.
+    struct ReadingMode {
+        const bool was = fileReadingMode();
+        ~ReadingMode() { setFileReadingMode(was); }
+    } mode;
+    setFileReadingMode(true);
+    const bool ok = FileReader(path, report, importNames).run(text, error);
+    for (const NodePtr& node : scene().nodes())
+        if (node->type().isA("mesh")) adoptColorSets(*node, sceneFileStore().info(*node));
+    setCurrentNode(nullptr);
+    scene().activeSelection().clear();
+    return ok;
+}
 
 } // namespace
 
@@ -334,17 +356,23 @@ bool loadSceneText(const std::string& path, std::string& text, std::string& erro
 
 bool readSceneText(const std::string& path, std::string_view text, SceneReadReport& report,
                    std::string& error) {
-    // Restored however reading ends: an exception must not leave commands in file reading mode.
-    struct ReadingMode {
-        const bool was = fileReadingMode();
-        ~ReadingMode() { setFileReadingMode(was); }
-    } mode;
-    setFileReadingMode(true);
-    const bool ok = FileReader(path, report).run(text, error);
-    for (const NodePtr& node : scene().nodes())
-        if (node->type().isA("mesh")) adoptColorSets(*node, sceneFileStore().info(*node));
-    setCurrentNode(nullptr);
-    scene().activeSelection().clear();
+    return readInto(path, text, report, error, nullptr);
+}
+
+bool importSceneText(const std::string& path, std::string_view text, SceneReadReport& report,
+                     std::string& error) {
+    std::string stem = path.substr(path.rfind('/') == std::string::npos ? 0 : path.rfind('/') + 1);
+    stem = stem.substr(0, stem.find('.'));
+    ImportNames names(stem.empty() ? "import" : stem);
+    SceneFileStore& store = sceneFileStore();
+    const std::size_t keptBefore = store.kept.size();
+    const bool ok = readInto(path, text, report, error, &names);
+    // The scene keeps its own requirements and file information: of what the file kept as written,
+    // only what sits inside its nodes' blocks comes along.
+    store.kept.erase(std::remove_if(store.kept.begin() + static_cast<std::ptrdiff_t>(keptBefore),
+                                    store.kept.end(),
+                                    [](const KeptStatement& k) { return k.place != KeptPlace::InNode; }),
+                     store.kept.end());
     return ok;
 }
 

@@ -24,4 +24,9 @@ bool loadSceneText(const std::string& path, std::string& text, std::string& erro
 bool readSceneText(const std::string& path, std::string_view text, SceneReadReport& report,
                    std::string& error);
 
+// Reads a scene file into the current scene as `file -i` does: nodes whose names are taken get the
+// file's name as a prefix, and the statements kept as written outside node blocks are left out.
+bool importSceneText(const std::string& path, std::string_view text, SceneReadReport& report,
+                     std::string& error);
+
 } // namespace host

@@ -1,5 +1,7 @@
 #include "lang/Interpreter.h"
 
+#include "engine/ChangeJournal.h"
+#include "lang/Quoting.h"
 #include "lang/Tokenizer.h"
 
 #include <exception>
@@ -49,6 +51,28 @@ std::string shortened(std::string_view text) {
     return std::string(text.substr(0, end)) + "...";
 }
 
+// The statement as an undo entry names it: the command and its first words.
+std::string undoName(const Statement& statement) {
+    constexpr std::size_t maxWords = 12;
+    std::string text = statement.command;
+    const auto add = [&](std::string_view word, bool isQuoted) {
+        text += ' ';
+        if (isQuoted)
+            appendQuoted(text, word);
+        else
+            text += word;
+    };
+    const std::size_t count = statement.words ? statement.words->size() : statement.args.size();
+    for (std::size_t i = 0; i < count && i < maxWords; ++i) {
+        if (statement.words)
+            add((*statement.words)[i], statement.words->quoted(i));
+        else
+            add(statement.args[i].text, statement.args[i].quoted);
+    }
+    if (count > maxWords) text += " ...";
+    return text;
+}
+
 } // namespace
 
 bool Interpreter::run(std::string_view text, const std::string& sourceName,
@@ -69,6 +93,9 @@ bool Interpreter::run(std::string_view text, const std::string& sourceName,
         if (read) {
             outcome.line = statement.line;
             outcome.ok = invoke(statement, entry, outcome.result);
+            if (errorsFail_)
+                for (const Message& message : outcome.messages)
+                    outcome.ok = outcome.ok && message.kind != MessageKind::Error;
         } else {
             log_.error(sourceName.empty() ? tokenizer.error() : sourceName + ": " + tokenizer.error());
             outcome.ok = false;
@@ -119,6 +146,8 @@ bool Interpreter::invoke(const Statement& statement, const CommandEntry* entry, 
     const CommandHandler handler = entry->handler;
     Invocation invocation{statement, {}};
     bool ok = false;
+    // A command run at the top leaves one undo entry for what it changed.
+    const CommandRecording recording([&statement] { return undoName(statement); });
     try {
         ok = handler(invocation);
     } catch (const std::exception& error) {

@@ -34,6 +34,8 @@ public:
     // Whether run() stops at the first failed statement (true by default, as batch runs need).
     void setStopOnError(bool stop) { stopOnError_ = stop; }
     bool stopOnError() const { return stopOnError_; }
+    // Whether a statement that reports an error counts as failed whatever its status (--strict).
+    void setErrorsFail(bool fail) { errorsFail_ = fail; }
 
     // Runs the statements of `text` in order, reporting each to `callback` (which may be empty).
     // `sourceName` (a file name, or empty) prefixes errors in the text itself. False if any
@@ -54,6 +56,7 @@ private:
     CommandTable& commands_;
     MessageLog& log_;
     bool stopOnError_ = true;
+    bool errorsFail_ = false;
     int depth_ = 0;
 };
 

@@ -3,6 +3,7 @@
 #include "api/command/ContextRegistry.h"
 #include "api/command/ResultStack.h"
 #include "api/command/StatementArgs.h"
+#include "engine/ChangeJournal.h"
 #include "engine/Scene.h"
 
 #include <maya/MPxCommand.h>
@@ -33,6 +34,8 @@ bool runCommand(MCreatorFunction creator, const MSyntax& syntax, Invocation& cal
     const MArgList args = argListOf(call.statement);
     MStatus status;
     {
+        // The command's own undoIt puts back what it changes, built-in commands it runs included.
+        const JournalPause pause;
         ResultFrame frame(call.result);
         status = command->doIt(args);
     }
@@ -67,6 +70,7 @@ bool editOrQuery(const std::string& commandName, const MArgParser& parser, const
 }
 
 bool runContextCommand(const std::string& commandName, MCreatorFunction creator, Invocation& call) {
+    const JournalPause pause; // tool contexts are no scene state
     std::shared_ptr<MPxContextCommand> command(static_cast<MPxContextCommand*>(creator()));
     if (!command) {
         messageLog().error("Command " + commandName + " could not be created.");

@@ -2,6 +2,7 @@
 
 #include "api/command/StatementArgs.h"
 #include "api/command/UndoSuspension.h"
+#include "engine/ChangeJournal.h"
 #include "engine/Scene.h"
 
 #include <maya/MArgParser.h>
@@ -20,6 +21,7 @@ bool step(Invocation& call, bool backwards) {
     bool found = false;
     {
         const UndoSuspension suspension;
+        const JournalPause pause;
         UndoQueue& queue = scene().undoQueue();
         found = backwards ? queue.undo(name, ok) : queue.redo(name, ok);
     }
