@@ -257,13 +257,20 @@ MStatus polyMapVertexOrder::doSelectShells(const MIntArray& map) {
     for (unsigned int v = 0; v < numVertices; ++v)
         (map[v] == -1 ? unmapped : mapped).append(static_cast<int>(v));
     if (check && verticesSelected) {
+        // Each vertex once: a vertex on the plane is its own partner.
         MIntArray pairs;
+        std::vector<char> chosen(numVertices, 0);
+        const auto choose = [&](int v) {
+            if (v < 0 || static_cast<unsigned int>(v) >= numVertices || chosen[static_cast<unsigned int>(v)])
+                return;
+            chosen[static_cast<unsigned int>(v)] = 1;
+            pairs.append(v);
+        };
         for (unsigned int k = 0; k < selectedVertices.length(); ++k) {
             const int v = selectedVertices[k];
-            pairs.append(v);
-            if (v >= 0 && static_cast<unsigned int>(v) < numVertices &&
-                map[static_cast<unsigned int>(v)] != -1)
-                pairs.append(map[static_cast<unsigned int>(v)]);
+            choose(v);
+            if (v >= 0 && static_cast<unsigned int>(v) < numVertices)
+                choose(map[static_cast<unsigned int>(v)]);
         }
         return common::selectVertices(meshPath, pairs);
     }

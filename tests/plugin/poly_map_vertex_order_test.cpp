@@ -115,6 +115,7 @@ TEST_F(PolyMapVertexOrder, AddsAMirroredShellPairFromTwoEdges) {
     const std::string edges =
         "eyes.e[" + std::to_string(edge) + "] eyes.e[" + std::to_string(mirrorEdge) + "]";
     EXPECT_EQ(query("-atm " + edges), 1);
+    EXPECT_TRUE(messages().empty()) << allMessages();
     EXPECT_EQ(storedMap("eyes"), pair.partner);
 
     // Three edges map nothing and still answer 1; a map of the wrong length is refused.
@@ -123,10 +124,11 @@ TEST_F(PolyMapVertexOrder, AddsAMirroredShellPairFromTwoEdges) {
     EXPECT_EQ(storedMap("eyes"), before);
     must("setAttr eyesShape.kvvom -type Int32Array 2 0 1");
     int result = 0;
-    EXPECT_FALSE(
-        run("kv_polyMapVertexOrder -atm eyes.e[0] eyes.e[" + std::to_string(mirrorEdge) + "]", result));
-    EXPECT_EQ(lines(MessageKind::Error).back(),
-              "Unable to extend the order mapping because the vertex count has changed.");
+    EXPECT_FALSE(run("kv_polyMapVertexOrder -atm " + edges, result));
+    EXPECT_EQ(
+        lines(MessageKind::Error),
+        std::vector<std::string>{"Unable to extend the order mapping because the vertex count has changed."})
+        << allMessages();
     EXPECT_EQ(storedMap("eyes"), (Ints{0, 1}));
 }
 
@@ -156,17 +158,28 @@ TEST_F(PolyMapVertexOrder, RefusesBadInputWithoutWriting) {
     EXPECT_EQ(lines(MessageKind::Error), std::vector<std::string>{"No mesh provided."});
 }
 
-// An edge shared by three faces neither crashes the mapping nor stops it.
-TEST_F(PolyMapVertexOrder, NonManifoldEdgeDoesNotCrash) {
+// A face reachable only through an edge shared by three faces is never queued: both walks run dry, the run
+// stops with the reasons, and nothing is written.
+TEST_F(PolyMapVertexOrder, NonManifoldEdgeStopsTheRun) {
     symmetric::Mesh fin = symmetric::symmetrize(symmetric::halfGrid(1, 1, 0.0, 0.0, 1));
     // A third face on the plane edge 0-2, standing out along z.
     fin.mesh.points.insert(fin.mesh.points.end(), {0, 0, 1, 0, 1, 1});
     fin.mesh.faceCounts.push_back(4);
     fin.mesh.faceConnects.insert(fin.mesh.faceConnects.end(), {0, 2, 7, 6});
     addMesh(fin.mesh, "fin");
-    int result = 0;
-    run("kv_polyMapVertexOrder fin", result);
-    EXPECT_TRUE(result == 1 || result == -1);
+    EXPECT_FALSE(run("kv_polyMapVertexOrder fin"));
+    const std::vector<std::string> expected = {"Failed to process all faces.",
+                                               "Shell index: 0",
+                                               "Vertices: 2 0",
+                                               "Error while iterating the mesh during the first pass.",
+                                               "Failed to process all faces.",
+                                               "Shell index: 0",
+                                               "Vertices: 2 0",
+                                               "Error while iterating the mesh during the second pass."};
+    std::vector<std::string> texts;
+    for (const host::Message& message : messages()) texts.push_back(message.text);
+    EXPECT_EQ(texts, expected);
+    EXPECT_EQ(storedMap("fin"), Ints{-999});
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 // positions, and that bending one side changes the positional check but not the topological map.
 #include "SymmetrySession.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
@@ -57,14 +58,16 @@ TEST_F(SymmetryRealData, HeadIsMappedFromTopologyAndSurvivesABend) {
                 a.mapped, map.size(), a.within0001, a.within003);
     for (const std::string& line : lines(MessageKind::Info)) std::printf("  %s\n", line.c_str());
     EXPECT_EQ(a.mapped, 25047);
-    EXPECT_EQ(lines(MessageKind::Info).back(), "42 of 56 shells verified.");
+    const std::vector<std::string> report = lines(MessageKind::Info);
+    EXPECT_NE(std::find(report.begin(), report.end(), "42 of 56 shells verified."), report.end());
     EXPECT_EQ(a.within003, a.mapped);
     EXPECT_EQ(command("kv_polyMapVertexOrder -ck " + head), int(map.size()) - a.mapped);
 
     // Two 128-face shells whose mirror images meet other geometry first, and twelve 90-face shells lying in
     // coinciding layers, are left to the user: one edge on each shell of a mirrored pair completes the map.
-    const char* pairs[] = {"e[50020] ", "e[50302]", "e[50578] ", "e[51799]", "e[52001] ", "e[50782]", "e[52204] ", "e[50985]",
-                           "e[51187] ", "e[52408]", "e[52608] ", "e[51393]", "e[52811] ", "e[51596]"};
+    const char* pairs[] = {"e[50020] ", "e[50302]",  "e[50578] ", "e[51799]",  "e[52001] ",
+                           "e[50782]",  "e[52204] ", "e[50985]",  "e[51187] ", "e[52408]",
+                           "e[52608] ", "e[51393]",  "e[52811] ", "e[51596]"};
     for (int k = 0; k < 14; k += 2)
         EXPECT_EQ(command("kv_polyMapVertexOrder -atm " + head + "." + pairs[k] + head + "." + pairs[k + 1]),
                   1);
