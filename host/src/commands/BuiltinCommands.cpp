@@ -1,5 +1,5 @@
 #include "commands/CommandGroups.h"
-#include "engine/Session.h"
+#include "session/Session.h"
 
 namespace host {
 

@@ -2,12 +2,12 @@
 
 #include "commands/ArgReader.h"
 #include "commands/CommandState.h"
-#include "engine/Session.h"
 #include "files/MeshColorSets.h"
 #include "files/MeshStatements.h"
 #include "files/SceneFileStore.h"
 #include "files/SetAttrCapture.h"
 #include "lang/Tokenizer.h"
+#include "session/Session.h"
 
 #include <cctype>
 #include <fstream>
