@@ -17,6 +17,14 @@ void registerBuiltinCommands(CommandTable& table) {
     registerPolyCommands(table);
     registerPolySelectCommand(table);
     registerMiscCommands(table);
+    registerNodeQueryCommands(table);
+    registerListRelativesCommand(table);
+    registerListConnectionsCommand(table);
+    registerListAttrCommand(table);
+    registerPolyEvaluateCommand(table);
+    registerPolyInfoCommand(table);
+    registerMoveCommands(table);
+    registerPolyColorPerVertexCommand(table);
 }
 
 } // namespace host
