@@ -6,9 +6,9 @@
 
 #include "engine/MessageLog.h"
 #include "engine/Scene.h"
-#include "engine/Session.h"
 #include "lang/CommandTable.h"
 #include "lang/Interpreter.h"
+#include "session/Session.h"
 
 #include <iostream>
 #include <unistd.h>

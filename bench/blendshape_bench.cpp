@@ -3,8 +3,8 @@
 #include <benchmark/benchmark.h>
 
 #include "engine/Scene.h"
-#include "engine/Session.h"
 #include "eval/Evaluator.h"
+#include "session/Session.h"
 
 #include <maya/MGlobal.h>
 

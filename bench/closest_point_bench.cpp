@@ -13,7 +13,7 @@
 #include <maya/MVector.h>
 
 #include "engine/Scene.h"
-#include "engine/Session.h"
+#include "session/Session.h"
 
 #include <algorithm>
 #include <atomic>

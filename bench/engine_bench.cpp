@@ -8,8 +8,8 @@
 #include <maya/MSelectionList.h>
 
 #include "engine/Scene.h"
-#include "engine/Session.h"
 #include "lang/Interpreter.h"
+#include "session/Session.h"
 
 namespace {
 

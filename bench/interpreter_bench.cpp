@@ -11,8 +11,8 @@
 #include "api/command/PluginCommand.h"
 #include "api/command/StatementArgs.h"
 #include "engine/Scene.h"
-#include "engine/Session.h"
 #include "lang/Tokenizer.h"
+#include "session/Session.h"
 
 #include <string>
 

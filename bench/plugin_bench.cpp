@@ -12,7 +12,7 @@
 #include <maya/MStringArray.h>
 
 #include "engine/Scene.h"
-#include "engine/Session.h"
+#include "session/Session.h"
 
 #include <string>
 #include <vector>

@@ -11,7 +11,7 @@
 #include <maya/MSelectionList.h>
 
 #include "engine/Scene.h"
-#include "engine/Session.h"
+#include "session/Session.h"
 
 #include <filesystem>
 #include <string>

@@ -5,7 +5,7 @@
 #include <maya/MGlobal.h>
 
 #include "engine/Scene.h"
-#include "engine/Session.h"
+#include "session/Session.h"
 
 #include <cstdio>
 #include <filesystem>

@@ -10,7 +10,7 @@
 #include <maya/MSelectionList.h>
 
 #include "engine/Scene.h"
-#include "engine/Session.h"
+#include "session/Session.h"
 
 #include <string>
 #include <vector>

@@ -13,7 +13,7 @@
 #include <maya/MPointArray.h>
 
 #include "engine/Scene.h"
-#include "engine/Session.h"
+#include "session/Session.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include "api/command/SyntaxData.h"
 #include "engine/MessageLog.h"
 #include "engine/Scene.h"
-#include "engine/Session.h"
+#include "session/Session.h"
 
 #include <maya/MGlobal.h>
 #include <maya/MPxCommand.h>

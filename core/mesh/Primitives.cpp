@@ -193,4 +193,37 @@ std::string makePolySphere(const PolySphereOptions& options, PolyMesh& mesh) {
     return {};
 }
 
+std::string makePolyCylinder(const PolyCylinderOptions& options, PolyMesh& mesh) {
+    for (std::string error : {checkSize("radius", options.radius), checkSize("height", options.height),
+                              checkSubdivisions("subdivisionsX", options.subdivisionsX, 3),
+                              checkSubdivisions("subdivisionsY", options.subdivisionsY, 1)}) {
+        if (!error.empty()) return error;
+    }
+    const int sx = options.subdivisionsX, sy = options.subdivisionsY, rings = sy + 1;
+    const long long numVertices = static_cast<long long>(sx) * rings + 2;
+    if (std::string error = checkVertexCount(numVertices); !error.empty()) return error;
+    const long long numQuads = static_cast<long long>(sx) * sy;
+    start(mesh, numVertices, numQuads + 2LL * sx, 4 * numQuads + 6LL * sx);
+    for (int j = 0; j < rings; ++j) {
+        const double y = options.height * (static_cast<double>(j) / sy - 0.5);
+        for (int k = 0; k < sx; ++k) {
+            const double angle = 2.0 * kPi * ((k + 1) % sx) / sx;
+            addPoint(mesh, options.radius * std::cos(angle), y, -options.radius * std::sin(angle));
+        }
+    }
+    addPoint(mesh, 0.0, -0.5 * options.height, 0.0);
+    addPoint(mesh, 0.0, 0.5 * options.height, 0.0);
+    for (int j = 0; j < sy; ++j) {
+        const int base = j * sx, up = base + sx;
+        for (int k = 0; k < sx; ++k) {
+            const int k1 = (k + 1) % sx;
+            addFace(mesh, {base + k, base + k1, up + k1, up + k});
+        }
+    }
+    const int bottomCentre = sx * rings, topCentre = bottomCentre + 1, topRing = sx * sy;
+    for (int k = 0; k < sx; ++k) addFace(mesh, {bottomCentre, (k + 1) % sx, k});
+    for (int k = 0; k < sx; ++k) addFace(mesh, {topRing + k, topRing + (k + 1) % sx, topCentre});
+    return {};
+}
+
 } // namespace core

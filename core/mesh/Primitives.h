@@ -37,6 +37,18 @@ struct PolySphereOptions {
     int subdivisionsY = 20; // from pole to pole
 };
 
+struct PolyCylinderOptions {
+    double radius = 1.0;
+    double height = 2.0;    // along Y, centred on the origin
+    int subdivisionsX = 20; // around the Y axis
+    int subdivisionsY = 1;  // along the height
+};
+
+// Vertices form rings from the bottom (-Y) to the top, each turning from +X towards -Z as the
+// sphere's do, followed by the centres of the bottom and the top cap. Faces: the side quads ring by
+// ring, then the bottom and the top cap triangles.
+std::string makePolyCylinder(const PolyCylinderOptions& options, PolyMesh& mesh);
+
 // Vertices form rings around the X axis, each running along +X: up the front (+Z) side, back over the top,
 // down the back and forward under the bottom; then the inner vertices of the +X side and of the -X side.
 // Faces follow the same rings, then the +X side and the -X side.

@@ -1,7 +1,7 @@
 // MGlobal services and result conversions: typed executeCommand results, MCommandResult, option
 // variables, the active selection, time, identifiers.
 #include "engine/Scene.h"
-#include "engine/Session.h"
+#include "session/Session.h"
 
 #include <maya/MAnimControl.h>
 #include <maya/MArgDatabase.h>

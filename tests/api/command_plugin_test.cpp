@@ -2,8 +2,8 @@
 // contexts, and the framework's built-in commands.
 #include "api/command/ContextRegistry.h"
 #include "engine/Scene.h"
-#include "engine/Session.h"
 #include "lang/Interpreter.h"
+#include "session/Session.h"
 
 #include <maya/MArgDatabase.h>
 #include <maya/MFnPlugin.h>

@@ -2,8 +2,8 @@
 // A fresh scene per test and the built-in commands run through the interpreter, as scripts run them.
 #include "commands/CommandState.h"
 #include "engine/Scene.h"
-#include "engine/Session.h"
 #include "lang/Interpreter.h"
+#include "session/Session.h"
 
 #include <gtest/gtest.h>
 

@@ -34,14 +34,14 @@ TEST_F(BuiltinCommandTest, SetAttrValueForms) {
         {"setAttr -s 3 \"bs.w[0:2]\" 0.25 0.5 0.75", "getAttr bs.w", Doubles{0.25, 0.5, 0.75}},
         {"setAttr -s 2 \"m.pt[0:1]\" -type float3 1 2 3 4 5 6", "getAttr m.pt[1]", Doubles{4, 5, 6}},
         {"setAttr m.cuvs -type \"string\" \"map one\"", "getAttr m.cuvs", std::string("map one")},
-        {"setAttr t.m -type matrix 1 0 0 0 0 1 0 0 0 0 1 0 5 6 7 1", "getAttr t.m",
+        {"setAttr sc.gm -type matrix 1 0 0 0 0 1 0 0 0 0 1 0 5 6 7 1", "getAttr sc.gm",
          Doubles{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 5, 6, 7, 1}},
-        {"setAttr t.m -type matrix \"xform\" 2 2 2 0 0 0 0 1 2 3 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 1 0 0 0 "
+        {"setAttr sc.gm -type matrix \"xform\" 2 2 2 0 0 0 0 1 2 3 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 1 0 0 0 "
          "1 1 1 1 no",
-         "getAttr t.m", Doubles{2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 2, 0, 1, 2, 3, 1}},
-        {"setAttr t.m -type matrix \"xform\" 1 1 1 0 0 0 0 1 2 3 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 1 1 0 0 "
+         "getAttr sc.gm", Doubles{2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 2, 0, 1, 2, 3, 1}},
+        {"setAttr sc.gm -type matrix \"xform\" 1 1 1 0 0 0 0 1 2 3 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 1 1 0 0 "
          "0 1 1 1 no",
-         "getAttr t.m", Doubles{1, 0, 0, 0, 0, -1, 0, 0, 0, 0, -1, 0, 1, 2, 3, 1}},
+         "getAttr sc.gm", Doubles{1, 0, 0, 0, 0, -1, 0, 0, 0, 0, -1, 0, 1, 2, 3, 1}},
         {"setAttr t.ids -type Int32Array 3 7 -8 9", "getAttr t.ids", std::vector<int>{7, -8, 9}},
         {"setAttr t.tags -type stringArray 2 \"a b\" c", "getAttr t.tags", Names{"a b", "c"}},
         {"setAttr bs.pw -type doubleArray 2 0.5 1e-3", "getAttr bs.pw", Doubles{0.5, 1e-3}},
@@ -174,9 +174,9 @@ TEST_F(BuiltinCommandTest, SetAttrRefusesBadInputAndChangesNothing) {
         {"setAttr -s -1 t.tx 1", "-s needs a count"},
         {"setAttr", "give the attribute to set"},
         {"setAttr t.m 1 2", "needs a -type flag"},
-        {"setAttr t.m -type matrix 1 2 3",
+        {"setAttr sc.gm -type matrix 1 2 3",
          "not enough data provided for the -type matrix (expected 16, found 3)"},
-        {"setAttr t.m -type matrix xform 1 1 1", "expected 37"},
+        {"setAttr sc.gm -type matrix xform 1 1 1", "expected 37"},
         {"setAttr bs.w[0] -type componentList 0", "does not take -type componentList"},
         {"setAttr t.tx -type fooType 1", "unknown data type 'fooType'"},
         {"setAttr \"bs.w[3:1]\" 1 2 3", "Invalid index range"},

@@ -2,7 +2,7 @@
 // recursion (checked on a thread with a small stack, opened from a file too), and naming and
 // duplicating cost grows linearly (checked as the ratio of run times at n and 4n, never as a time).
 #include "engine/Scene.h"
-#include "engine/Session.h"
+#include "session/Session.h"
 #include "lang/Interpreter.h"
 
 #include <gtest/gtest.h>

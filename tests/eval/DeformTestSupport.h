@@ -3,8 +3,8 @@
 // the positions that meshes show.
 #include "engine/MessageLog.h"
 #include "engine/Scene.h"
-#include "engine/Session.h"
 #include "eval/Evaluator.h"
+#include "session/Session.h"
 
 #include <maya/MGlobal.h>
 #include <maya/MSelectionList.h>

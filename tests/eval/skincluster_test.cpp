@@ -2,7 +2,7 @@
 // of MFnSkinCluster (influence order, normalisation, old values, bad input).
 #include "engine/MessageLog.h"
 #include "engine/Scene.h"
-#include "engine/Session.h"
+#include "session/Session.h"
 
 #include <maya/MDagPath.h>
 #include <maya/MDagPathArray.h>

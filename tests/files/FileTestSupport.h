@@ -2,8 +2,8 @@
 // A session with a fresh scene per test and a private folder for the files it writes, with
 // shortcuts to run commands, read and write files and look at the messages.
 #include "engine/Scene.h"
-#include "engine/Session.h"
 #include "lang/Interpreter.h"
+#include "session/Session.h"
 
 #include <gtest/gtest.h>
 

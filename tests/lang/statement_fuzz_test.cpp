@@ -1,8 +1,8 @@
 // Random and truncated statements through the real command table: nothing may crash, every failure
 // must say why, and the scene must stay usable afterwards.
 #include "engine/Scene.h"
-#include "engine/Session.h"
 #include "lang/Interpreter.h"
+#include "session/Session.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // Closest-point queries checked against a brute-force search over every triangle.
 #include "ClosestPointReference.h"
 #include "engine/Scene.h"
-#include "engine/Session.h"
 #include "mesh/ClosestPointIndex.h"
+#include "session/Session.h"
 
 #include <maya/MFloatPointArray.h>
 #include <maya/MFnMesh.h>

@@ -3,7 +3,7 @@
 // log per test, and shortcuts to run command text and read what it reported.
 #include "engine/MessageLog.h"
 #include "engine/Scene.h"
-#include "engine/Session.h"
+#include "session/Session.h"
 
 #include <maya/MGlobal.h>
 #include <maya/MObject.h>

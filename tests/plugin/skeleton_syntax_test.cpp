@@ -2,7 +2,6 @@
 // every flag by short and by long name with its argument type, objects come from the call or the
 // selection, and "-h" answers the help text, whose aligned columns list exactly the declared flags.
 #include "engine/Scene.h"
-#include "engine/Session.h"
 #include "plugin/blendShapeEditWeights.h"
 #include "plugin/blendShapeExtractTarget.h"
 #include "plugin/blendShapeMirrorTarget.h"
@@ -11,6 +10,7 @@
 #include "plugin/blendShapeSetInbetweenPosition.h"
 #include "plugin/blendShapeSplitTarget.h"
 #include "plugin/editTweakNode.h"
+#include "session/Session.h"
 
 #include <maya/MArgDatabase.h>
 #include <maya/MGlobal.h>

@@ -3,6 +3,7 @@
 
 #include "api/ObjectRef.h"
 #include "engine/ComponentText.h"
+#include "engine/NamePattern.h"
 #include "engine/Scene.h"
 
 #include "api/StatusOut.h"
@@ -155,6 +156,13 @@ MStatus MSelectionList::add(const MDagPath& object, const MObject& component, co
 }
 
 MStatus MSelectionList::add(const MString& matchString, const bool) {
+    if (host::isPattern(matchString.str())) {
+        // Every node the pattern matches; a pattern matching nothing is an invalid parameter.
+        const auto nodes = host::nodesMatching(host::scene(), matchString.str());
+        for (const host::NodePtr& node : nodes)
+            addItem(*items_, SelectionItem{node, nullptr, host::Plug()}, true);
+        return nodes.empty() ? MS::kInvalidParameter : MS::kSuccess;
+    }
     SelectionItem item;
     std::string error;
     if (!host::resolveSelectionString(host::scene(), matchString.str(), item, &error))

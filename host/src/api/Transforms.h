@@ -1,14 +1,22 @@
 #pragma once
-// Transform matrices of DAG nodes from their translate, rotate, scale and pivots.
-#include "engine/Node.h"
+// The engine's DAG node matrices as MMatrix, for the interface layer and the built-in commands.
+#include "engine/TransformMatrix.h"
 
 #include <maya/MMatrix.h>
 
 namespace host {
 
+inline MMatrix toMMatrix(const Matrix& m) {
+    return MMatrix(m.m);
+}
+
 // The node's own local matrix (identity for shapes).
-MMatrix localMatrix(const Node& node);
+inline MMatrix localMatrix(const Node& node) {
+    return toMMatrix(localMatrixOf(node));
+}
 // The product of local matrices from the node up to the world.
-MMatrix worldMatrix(const Node& node);
+inline MMatrix worldMatrix(const Node& node) {
+    return toMMatrix(worldMatrixOf(node));
+}
 
 } // namespace host

@@ -120,6 +120,7 @@ AttrPtr describe(const ArgReader& args, int& missing, std::string& error) {
     attr->defaultValue = defaultFor(attr->type, args, attr->defaultValue);
     attr->multi = args.has("multi");
     attr->hidden = args.enabled("hidden");
+    attr->keyable = args.enabled("keyable");
     return attr;
 }
 

@@ -1,5 +1,5 @@
 #include "commands/CommandGroups.h"
-#include "engine/Session.h"
+#include "session/Session.h"
 
 namespace host {
 
@@ -17,6 +17,14 @@ void registerBuiltinCommands(CommandTable& table) {
     registerPolyCommands(table);
     registerPolySelectCommand(table);
     registerMiscCommands(table);
+    registerNodeQueryCommands(table);
+    registerListRelativesCommand(table);
+    registerListConnectionsCommand(table);
+    registerListAttrCommand(table);
+    registerPolyEvaluateCommand(table);
+    registerPolyInfoCommand(table);
+    registerMoveCommands(table);
+    registerPolyColorPerVertexCommand(table);
     registerToolCommands(table);
 }
 

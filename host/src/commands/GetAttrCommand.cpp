@@ -3,9 +3,11 @@
 #include "commands/CommandGroups.h"
 #include "commands/MeshAttrs.h"
 #include "commands/Names.h"
+#include "commands/PlugRange.h"
 #include "engine/ComponentText.h"
 #include "engine/Evaluation.h"
 #include "engine/Scene.h"
+#include "engine/TransformMatrix.h"
 
 namespace host {
 
@@ -80,19 +82,21 @@ CommandResult emptyResult(const AttrSpec& attr) {
 // A numeric plug's values in order (a leaf, a compound's leaves, an array's elements); false if
 // something below is not numeric.
 bool appendNumbers(const Plug& plug, std::vector<double>& out) {
-    if (meshArrayOf(plug) == MeshArray::Points && !plug.isArray()) {
-        std::array<double, 3> p{};
-        if (meshPoint(*plug.node(), plug.indexAt(0), p)) {
+    const MeshArray mesh = meshArrayOf(plug);
+    if ((mesh == MeshArray::Points || mesh == MeshArray::Edges) && !plug.isArray()) {
+        std::array<double, 3> element{};
+        if (mesh == MeshArray::Points ? meshPoint(*plug.node(), plug.indexAt(0), element)
+                                      : meshEdge(*plug.node(), plug.indexAt(0), element)) {
             if (plug.isCompound())
-                out.insert(out.end(), p.begin(), p.end());
+                out.insert(out.end(), element.begin(), element.end());
             else
-                out.push_back(p[static_cast<std::size_t>(plug.attr()->index)]);
+                out.push_back(element[static_cast<std::size_t>(plug.attr()->index)]);
             return true;
         }
     }
     if (plug.isArray()) {
-        if (meshArrayOf(plug) == MeshArray::Points) {
-            for (uint32_t i = 0; i < meshArraySize(*plug.node(), MeshArray::Points); ++i)
+        if (mesh == MeshArray::Points || mesh == MeshArray::Edges) {
+            for (uint32_t i = 0; i < meshArraySize(*plug.node(), mesh); ++i)
                 if (!appendNumbers(plug.element(i), out)) return false;
             return true;
         }
@@ -116,7 +120,13 @@ bool valueOf(const Plug& plug, CommandResult& result, std::string& error) {
         error = "the mesh data of " + scene().plugName(plug) + " cannot be shown.";
         return false;
     }
-    if (plug.isArray() || plug.isCompound() || meshArrayOf(plug) == MeshArray::Points) {
+    Matrix computed;
+    if (computedMatrix(plug, computed)) { // a DAG node's matrix outputs, the array plug included
+        result = dataResult(*matrixData(computed));
+        return true;
+    }
+    if (plug.isArray() || plug.isCompound() || meshArrayOf(plug) == MeshArray::Points ||
+        meshArrayOf(plug) == MeshArray::Edges) {
         std::vector<double> numbers;
         if (!appendNumbers(plug, numbers)) {
             error =
@@ -167,14 +177,65 @@ bool valueOf(const Plug& plug, CommandResult& result, std::string& error) {
     return true;
 }
 
+// The logical indices a multi has (every index of a mesh's geometry arrays).
+bool multiIndices(const Plug& plug, CommandResult& result, std::string& error) {
+    if (!plug.isArray()) {
+        error = "-multiIndices needs a multi attribute; " + scene().plugName(plug) + " is not one.";
+        return false;
+    }
+    std::vector<int> indices;
+    const MeshArray mesh = meshArrayOf(plug);
+    if (mesh != MeshArray::None && meshArraySize(*plug.node(), mesh) > 0) {
+        for (std::size_t i = 0; i < meshArraySize(*plug.node(), mesh); ++i)
+            indices.push_back(static_cast<int>(i));
+    } else {
+        for (uint32_t index : plug.existingIndices()) indices.push_back(static_cast<int>(index));
+    }
+    result = std::move(indices);
+    return true;
+}
+
+// The values of an index range such as "pShape.vt[0:5]", element after element.
+bool rangeValues(const std::string& name, CommandResult& result, std::string& error) {
+    constexpr uint64_t kMaxElements = 1u << 24;
+    PlugRange range;
+    if (!range.resolve(name, error)) return false;
+    if (range.count() > kMaxElements) {
+        error = "the range of " + name + " is too long to read.";
+        return false;
+    }
+    std::vector<double> numbers;
+    for (uint64_t i = 0; i < range.count(); ++i) {
+        const Plug plug = range.at(i);
+        const MeshArray mesh = meshArrayOf(plug);
+        if (mesh != MeshArray::None && mesh != MeshArray::Faces &&
+            plug.indexAt(0) >= meshArraySize(*plug.node(), mesh)) {
+            error = name + " reaches past the end of the mesh.";
+            return false;
+        }
+        if (!appendNumbers(plug, numbers)) {
+            error = "the value of " + name + " cannot be shown as numbers; read its elements.";
+            return false;
+        }
+    }
+    result = std::move(numbers);
+    return true;
+}
+
 bool getAttrCommand(Invocation& inv) {
-    static const FlagTable flags = {
-        {"typ", "type", ""}, {"s", "size", ""}, {"sl", "silent", ""}, {"t", "time", "d"}};
+    static const FlagTable flags = {{"typ", "type", ""},
+                                    {"s", "size", ""},
+                                    {"sl", "silent", ""},
+                                    {"t", "time", "d"},
+                                    {"mi", "multiIndices", ""}};
     ArgReader args("getAttr", inv.statement.args);
     if (!args.parse(flags)) return false;
     if (args.positional().size() != 1) return args.fail("give exactly one attribute.");
     std::string error;
-    const Plug plug = lookupPlug(args.positional()[0]->text, &error);
+    const std::string& name = args.positional()[0]->text;
+    if (name.find(':') != std::string::npos && name.find('[') != std::string::npos)
+        return rangeValues(name, inv.result, error) || args.fail(error);
+    const Plug plug = lookupPlug(name, &error);
     if (plug.isNull()) {
         messageLog().error(error);
         return false;
@@ -183,6 +244,7 @@ bool getAttrCommand(Invocation& inv) {
         inv.result = typeOf(plug);
         return true;
     }
+    if (args.has("multiIndices")) return multiIndices(plug, inv.result, error) || args.fail(error);
     if (args.has("size")) {
         const MeshArray mesh = meshArrayOf(plug);
         const std::size_t size = !plug.isArray()           ? 1

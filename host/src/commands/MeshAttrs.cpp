@@ -74,6 +74,15 @@ bool meshPoint(const Node& node, uint32_t index, std::array<double, 3>& out) {
     return true;
 }
 
+bool meshEdge(const Node& node, uint32_t index, std::array<double, 3>& out) {
+    const MeshData* mesh = node.mesh().get();
+    if (!mesh || index >= meshArraySize(node, MeshArray::Edges)) return false;
+    const std::array<int, 2> ends =
+        mesh->edges.empty() ? mesh->topology().edgeVertices(static_cast<int>(index)) : mesh->edges[index];
+    out = {static_cast<double>(ends[0]), static_cast<double>(ends[1]), 0.0};
+    return true;
+}
+
 bool writeMeshPoints(Node& node, uint32_t first, std::size_t count, int firstField, int fields,
                      const std::vector<double>& values, std::string& error) {
     MeshData& mesh = editableMesh(node);

@@ -20,6 +20,9 @@ MeshArray meshArrayOf(const Plug& plug);
 std::size_t meshArraySize(const Node& node, MeshArray array);
 // A vertex position; false outside the mesh.
 bool meshPoint(const Node& node, uint32_t index, std::array<double, 3>& out);
+// An edge as its .ed element reads: both vertices and the hardness flag (0, hard: hardness is not
+// kept); false outside the mesh.
+bool meshEdge(const Node& node, uint32_t index, std::array<double, 3>& out);
 
 // Writes `count` consecutive elements from `first`: `fields` values per element, the first of them
 // for field `firstField` (x y z of a point; both vertices and the hardness flag of an edge, which is

@@ -1,6 +1,7 @@
 #include "commands/Names.h"
 
 #include "commands/CommandState.h"
+#include "engine/ComponentText.h"
 #include "engine/Scene.h"
 
 #include <algorithm>
@@ -20,7 +21,16 @@ Plug lookupPlug(const std::string& text, std::string* error) {
         if (error && (dot == 0 || error->rfind("More than one", 0) != 0)) *error = notFound;
         return Plug();
     }
-    const std::string path = text.substr(dot + 1);
+    std::string path = text.substr(dot + 1);
+    if (path.rfind("vtx[", 0) == 0 && !fileReadingMode()) {
+        // A mesh vertex as a plug is its tweak, as Maya's setAttr takes "pShape.vtx[3]" (a
+        // transform's vertices are its shape's).
+        const NodePtr shape = shapeOf(scene(), node);
+        if (shape && shape->type().isA("mesh")) {
+            node = shape;
+            path = "pnts" + path.substr(3);
+        }
+    }
     Plug plug = fileReadingMode() || node->type().generic ? obtainGenericPath(node, path, error)
                                                           : resolveAttrPath(node, path, error);
     if (plug.isNull() && error && error->empty()) *error = notFound;

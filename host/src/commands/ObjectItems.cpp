@@ -2,11 +2,11 @@
 
 #include "commands/Names.h"
 #include "engine/ComponentText.h"
+#include "engine/NamePattern.h"
 #include "engine/Scene.h"
 #include "mesh/MeshData.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace host {
 
@@ -46,32 +46,11 @@ std::string displayName(const Node& node, bool longNames) {
     return longNames ? scene().fullPath(node) : nodeName(node);
 }
 
-// Glob matching with * (any run) and ? (any one character), in linear space.
-bool matchesPattern(std::string_view pattern, std::string_view text) {
-    std::size_t p = 0, t = 0, star = std::string_view::npos, resume = 0;
-    while (t < text.size()) {
-        if (p < pattern.size() && (pattern[p] == '?' || pattern[p] == text[t])) {
-            ++p;
-            ++t;
-        } else if (p < pattern.size() && pattern[p] == '*') {
-            star = p++;
-            resume = t;
-        } else if (star != std::string_view::npos) {
-            p = star + 1;
-            t = ++resume;
-        } else {
-            return false;
-        }
-    }
-    while (p < pattern.size() && pattern[p] == '*') ++p;
-    return p == pattern.size();
-}
-
 } // namespace
 
-bool isPattern(const std::string& text) {
-    const std::size_t end = std::min(text.find('.'), text.size());
-    return text.find_first_of("*?") < end;
+bool isIntermediateObject(const Node& node) {
+    const AttrSpec* attr = node.findAttr("intermediateObject");
+    return attr && valueAsDouble(Plug(const_cast<Node&>(node).shared_from_this(), attr).value()) != 0.0;
 }
 
 int componentCount(const Node& node, ComponentType type) {
@@ -91,16 +70,8 @@ int componentCount(const Node& node, ComponentType type) {
 
 bool resolveObjectArg(const std::string& text, SelectionList& out, std::string* error) {
     if (isPattern(text)) {
-        const std::string pattern = text.size() > 1 && text[0] == ':' ? text.substr(1) : text;
-        const bool byPath = pattern.find('|') != std::string::npos;
-        for (const NodePtr& node : scene().nodes()) {
-            const std::string name = byPath ? scene().fullPath(*node) : node->name();
-            if (matchesPattern(pattern, name) || (byPath && matchesPattern(pattern, name.substr(1)))) {
-                SelectionItem item;
-                item.node = node;
-                out.push_back(std::move(item));
-            }
-        }
+        for (NodePtr& node : nodesMatching(scene(), text))
+            out.push_back(SelectionItem{std::move(node), nullptr, Plug()});
         return true;
     }
     const std::size_t dot = text.find('.');

@@ -2,6 +2,7 @@
 // Object arguments of select, ls, sets and delete: node names and DAG paths (":name" in the root
 // namespace), patterns with * and ?, and mesh components such as "pCube1.vtx[3:7]", "pCube1.e[2]"
 // or "pCubeShape1.f[*]"; a transform's components are those of its visible mesh shape.
+#include "engine/NamePattern.h"
 #include "engine/Selection.h"
 
 #include <string>
@@ -14,8 +15,8 @@ namespace host {
 // resolve.
 bool resolveObjectArg(const std::string& text, SelectionList& out, std::string* error);
 
-// Whether a name holds * or ? before any attribute or component part.
-bool isPattern(const std::string& text);
+// Whether a node is an intermediate object (a deformed mesh's original shape, say).
+bool isIntermediateObject(const Node& node);
 
 // The number of vertices, edges or faces of a mesh node (0 for other types).
 int componentCount(const Node& node, ComponentType type);

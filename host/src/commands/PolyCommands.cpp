@@ -1,6 +1,6 @@
-// polyCube, polyPlane and polySphere: a transform with a mesh shape laid out as Maya lays them out.
-// The host keeps no construction history: with history on (the default) the result names the
-// transform and the shape, with -ch off only the transform.
+// polyCube, polyPlane, polySphere and polyCylinder: a transform with a mesh shape laid out as Maya lays them
+// out. The host keeps no construction history: with history on (the default) the result names the transform
+// and the shape, with -ch off only the transform.
 #include "commands/ArgReader.h"
 #include "commands/CommandGroups.h"
 #include "commands/CommandState.h"
@@ -112,12 +112,29 @@ bool polySphereCommand(Invocation& inv) {
                          });
 }
 
+bool polyCylinderCommand(Invocation& inv) {
+    static const FlagTable flags = {{"r", "radius", "d"},
+                                    {"h", "height", "d"},
+                                    {"sx", "subdivisionsX", "i"},
+                                    {"sy", "subdivisionsY", "i"}};
+    return makePrimitive(inv, "polyCylinder", "pCylinder", flags,
+                         [](const ArgReader& args, core::PolyMesh& mesh) {
+                             core::PolyCylinderOptions o;
+                             if (args.has("radius")) o.radius = args.number("radius");
+                             if (args.has("height")) o.height = args.number("height");
+                             if (args.has("subdivisionsX")) o.subdivisionsX = args.integer("subdivisionsX");
+                             if (args.has("subdivisionsY")) o.subdivisionsY = args.integer("subdivisionsY");
+                             return core::makePolyCylinder(o, mesh);
+                         });
+}
+
 } // namespace
 
 void registerPolyCommands(CommandTable& table) {
     table.add("polyCube", polyCubeCommand);
     table.add("polyPlane", polyPlaneCommand);
     table.add("polySphere", polySphereCommand);
+    table.add("polyCylinder", polyCylinderCommand);
 }
 
 } // namespace host

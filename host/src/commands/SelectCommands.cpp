@@ -13,13 +13,18 @@ namespace host {
 
 namespace {
 
+// A name that matches nothing is an error; a pattern that matches nothing only a warning.
 bool resolveAll(const ArgReader& args, SelectionList& items) {
     std::string error;
-    for (const Token* token : args.positional())
+    for (const Token* token : args.positional()) {
+        const std::size_t before = items.size();
         if (!resolveObjectArg(token->text, items, &error)) {
             messageLog().error(error);
             return false;
         }
+        if (items.size() == before && isPattern(token->text))
+            messageLog().warning("No object matches name: " + token->text);
+    }
     return true;
 }
 
@@ -65,11 +70,6 @@ bool selectCommand(Invocation& inv) {
     return true;
 }
 
-bool isIntermediate(const NodePtr& node) {
-    Plug io = resolveAttrPath(node, "intermediateObject", nullptr);
-    return !io.isNull() && valueAsDouble(io.value()) != 0.0;
-}
-
 bool lsCommand(Invocation& inv) {
     static const FlagTable flags = {
         {"sl", "selection", ""},  {"typ", "type", "s"},        {"l", "long", ""},   {"fl", "flatten", ""},
@@ -106,7 +106,7 @@ bool lsCommand(Invocation& inv) {
         if (args.has("dag") && !item.node->isDag()) return false;
         if (args.has("transforms") && !type.transform) return false;
         if (args.has("shapes") && !type.shape) return false;
-        return !args.has("noIntermediate") || !isIntermediate(item.node);
+        return !args.has("noIntermediate") || !isIntermediateObject(*item.node);
     };
     std::vector<std::string> names;
     std::unordered_set<const Node*> listed;

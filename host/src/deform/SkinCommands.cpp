@@ -36,13 +36,6 @@ void setNumber(const NodePtr& node, const std::string& attr, double value) {
     if (!plug.isNull()) plug.setValue(value);
 }
 
-DataPtr matrixData(const MMatrix& m) {
-    auto data = std::make_shared<MatrixData>();
-    for (int r = 0; r < 4; ++r)
-        for (int c = 0; c < 4; ++c) data->m[static_cast<std::size_t>(r * 4 + c)] = m.matrix[r][c];
-    return data;
-}
-
 bool connectPlugs(const NodePtr& source, const std::string& from, const NodePtr& destination,
                   const std::string& to, std::string* error) {
     return scene().connect(resolveAttrPath(source, from, nullptr), resolveAttrPath(destination, to, nullptr),
@@ -173,10 +166,10 @@ bool bindMesh(const NodePtr& skin, const NodePtr& shape, const std::vector<NodeP
         const std::string index = "[" + std::to_string(j) + "]";
         if (!connectPlugs(influences[j], "worldMatrix[0]", skin, "matrix" + index, error)) return false;
         resolveAttrPath(skin, "bindPreMatrix" + index, nullptr)
-            .setValue(matrixData(worldMatrix(*influences[j]).inverse()));
+            .setValue(matrixData(worldMatrixOf(*influences[j]).inverse()));
     }
     const MMatrix geometry = worldMatrix(*shape);
-    resolveAttrPath(skin, "geomMatrix", nullptr).setValue(matrixData(geometry));
+    resolveAttrPath(skin, "geomMatrix", nullptr).setValue(matrixData(worldMatrixOf(*shape)));
     const MeshPtr input = geometryInto(resolveAttrPath(skin, "input[0].inputGeometry", nullptr));
     if (input) weightToClosest(skin, *input, geometry, influences);
     return true;

@@ -106,6 +106,11 @@ AttrPtr multi(AttrPtr attr) {
     return attr;
 }
 
+AttrPtr keyable(AttrPtr attr) {
+    attr->keyable = true;
+    return attr;
+}
+
 AttrPtr hidden(AttrPtr attr) {
     attr->hidden = true;
     return attr;

@@ -22,7 +22,8 @@ struct AttrSpec {
     bool multi = false;
     bool hidden = false;
     bool dynamic = false;
-    bool madeUp = false; // created while reading a file for data the type does not model
+    bool madeUp = false;  // created while reading a file for data the type does not model
+    bool keyable = false; // listed by listAttr -k
     Value defaultValue;
     std::vector<std::unique_ptr<AttrSpec>> children;
     AttrSpec* parent = nullptr;
@@ -70,6 +71,7 @@ AttrPtr triple(const std::string& longName, const std::string& shortName, AttrTy
                double defaultValue = 0.0, const std::string& childSuffixLong = "XYZ",
                const std::string& childSuffixShort = "xyz");
 AttrPtr multi(AttrPtr attr);
+AttrPtr keyable(AttrPtr attr);
 AttrPtr hidden(AttrPtr attr);
 
 // Parents children and numbers them; call once on a finished top-level attribute.

@@ -1,6 +1,7 @@
 #include "engine/Evaluation.h"
 
 #include "engine/Scene.h"
+#include "engine/TransformMatrix.h"
 
 namespace host {
 
@@ -20,16 +21,27 @@ Plug upstreamOf(const Plug& plug) {
     return parentSource.child(static_cast<std::size_t>(attr->index));
 }
 
+// A matrix output that a DAG node computes from its transform.
+bool computedValue(const Plug& plug, Value& out) {
+    Matrix m;
+    if (!computedMatrix(plug, m)) return false;
+    out = matrixData(m);
+    return true;
+}
+
 } // namespace
 
 Value evaluatedValue(const Plug& plug) {
     // Follow connections upstream and take the value stored furthest up. Nodes the host does not
     // compute (animation curves, unknown types) hold no value on their outputs: then the value
-    // stored downstream of them, as the file saved it, stands.
+    // stored downstream of them, as the file saved it, stands. Matrix outputs of DAG nodes are
+    // always computed.
     auto stored = [](const Plug& p) {
         const Slot* slot = p.slot();
         return slot && slot->value.index() != 0;
     };
+    Value computed;
+    if (computedValue(plug, computed)) return computed;
     Plug first = upstreamOf(plug);
     if (first.isNull()) return plug.value(); // the common case: nothing feeds it
     Plug current = plug;
@@ -37,6 +49,7 @@ Value evaluatedValue(const Plug& plug) {
     for (int hops = 0; hops < 256; ++hops) { // a cycle or a very long chain stops here
         Plug source = upstreamOf(current);
         if (source.isNull() || source.attr()->madeUp) break;
+        if (computedValue(source, computed)) return computed;
         current = source;
         if (stored(current)) best = current;
     }

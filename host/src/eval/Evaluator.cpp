@@ -132,6 +132,17 @@ MeshPtr evaluatedMesh(const NodePtr& shape) {
     Plug inMesh = resolveAttrPath(shape, "inMesh", nullptr);
     MeshPtr base;
     if (!scene().sourceOf(inMesh).isNull()) base = geometryInto(inMesh);
+    const MeshData* own = shape->mesh().get();
+    if (base && own && !own->colorSets.empty()) {
+        // Colours written to a deformed shape stay on it: it shows the chain's geometry with its
+        // own colour sets.
+        auto coloured = std::make_shared<MeshData>(*base);
+        coloured->colorSets = own->colorSets;
+        coloured->currentColorSet = own->currentColorSet;
+        for (ColorSet& set : coloured->colorSets)
+            set.colors.resize(coloured->points.size(), {0.f, 0.f, 0.f, -1.f});
+        base = std::move(coloured);
+    }
     if (!base) {
         if (!shape->mesh()) shape->mesh() = std::make_shared<MeshData>();
         base = shape->mesh();

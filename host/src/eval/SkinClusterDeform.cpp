@@ -6,12 +6,11 @@
 // are 0 (a vertex without any weight goes to the origin, as in Maya); unset matrices are the
 // identity. The envelope blends between the input and the skinned points. Every geometry index
 // uses the same weightList, as a skin cluster deforms one geometry.
-#include "api/Transforms.h"
+#include "engine/Evaluation.h"
 #include "engine/Scene.h"
+#include "engine/TransformMatrix.h"
 #include "eval/DeformerData.h"
 #include "eval/Deformers.h"
-
-#include <maya/MMatrix.h>
 
 #include <cmath>
 #include <unordered_map>
@@ -20,60 +19,29 @@ namespace host {
 
 namespace {
 
-constexpr int kMaxHops = 256; // a longer chain of matrix connections is a cycle
-
-MMatrix storedMatrix(const Plug& plug) {
-    const Value value = plug.value();
-    const auto* data = std::get_if<DataPtr>(&value);
-    const MatrixData* matrix = data ? dataAs<MatrixData>(*data) : nullptr;
-    MMatrix m;
-    if (matrix)
-        for (int r = 0; r < 4; ++r)
-            for (int c = 0; c < 4; ++c) m.matrix[r][c] = matrix->m[static_cast<std::size_t>(r * 4 + c)];
-    return m;
-}
-
-// The matrix a plug shows: a DAG node's matrix output computed from its transform chain when the
-// plug is connected to one, else the stored value at the upstream end of its connections.
-MMatrix matrixAt(const Plug& plug) {
-    Plug current = plug;
-    for (int hop = 0; hop < kMaxHops; ++hop) {
-        const Plug source = scene().sourceOf(current);
-        if (source.isNull()) break;
-        const Node& node = *source.node();
-        const std::string& attr = source.attr()->longName;
-        if (node.isDag()) {
-            if (attr == "worldMatrix") return worldMatrix(node);
-            if (attr == "worldInverseMatrix") return worldMatrix(node).inverse();
-            if (attr == "matrix") return localMatrix(node);
-            if (attr == "inverseMatrix") return localMatrix(node).inverse();
-        }
-        current = source;
-    }
-    return storedMatrix(current);
-}
-
 // The affine part of gm · pm[j] · ma[j] · gm⁻¹ per influence, computed once per evaluation.
 class InfluenceMatrices {
 public:
     explicit InfluenceMatrices(const NodePtr& skin)
         : bindPre_(resolveAttrPath(skin, "bindPreMatrix", nullptr)),
           influence_(resolveAttrPath(skin, "matrix", nullptr)),
-          geometry_(matrixAt(resolveAttrPath(skin, "geomMatrix", nullptr))),
+          geometry_(matrixFromData(evaluatedValue(resolveAttrPath(skin, "geomMatrix", nullptr)))),
           geometryInverse_(geometry_.inverse()) {}
 
-    const MMatrix& at(uint32_t logical) {
+    const Matrix& at(uint32_t logical) {
         auto found = cache_.find(logical);
         if (found != cache_.end()) return found->second;
-        const MMatrix bindPre = bindPre_.isNull() ? MMatrix() : matrixAt(bindPre_.element(logical));
-        const MMatrix influence = influence_.isNull() ? MMatrix() : matrixAt(influence_.element(logical));
+        const Matrix bindPre =
+            bindPre_.isNull() ? Matrix() : matrixFromData(evaluatedValue(bindPre_.element(logical)));
+        const Matrix influence =
+            influence_.isNull() ? Matrix() : matrixFromData(evaluatedValue(influence_.element(logical)));
         return cache_.emplace(logical, geometry_ * bindPre * influence * geometryInverse_).first->second;
     }
 
 private:
     Plug bindPre_, influence_;
-    MMatrix geometry_, geometryInverse_;
-    std::unordered_map<uint32_t, MMatrix> cache_;
+    Matrix geometry_, geometryInverse_;
+    std::unordered_map<uint32_t, Matrix> cache_;
 };
 
 } // namespace
@@ -104,9 +72,9 @@ MeshPtr deformSkinCluster(const NodePtr& node, unsigned, const MeshPtr& input) {
             const Value& value = weights.elements->valueAt(i).value;
             const double w = valueIsNumeric(value) ? valueAsDouble(value) : 0.0;
             if (w == 0.0) continue;
-            const MMatrix& m = matrices.at(influences[i]);
+            const Matrix& m = matrices.at(influences[i]);
             for (int r = 0; r < 4; ++r)
-                for (int c = 0; c < 3; ++c) blend[r][c] += w * m.matrix[r][c];
+                for (int c = 0; c < 3; ++c) blend[r][c] += w * m.m[r][c];
         }
         const std::array<float, 3>& in = input->points[vertices[k]];
         std::array<float, 3>& p = out->points[vertices[k]];

@@ -2,13 +2,13 @@
 
 #include "commands/ArgReader.h"
 #include "commands/CommandState.h"
-#include "engine/Session.h"
 #include "files/ImportNames.h"
 #include "files/MeshColorSets.h"
 #include "files/MeshStatements.h"
 #include "files/SceneFileStore.h"
 #include "files/SetAttrCapture.h"
 #include "lang/Tokenizer.h"
+#include "session/Session.h"
 
 #include <algorithm>
 #include <cctype>

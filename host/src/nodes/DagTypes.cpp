@@ -27,6 +27,7 @@ void addDagTypes(std::vector<NodeTypeDef>& out) {
               multi(matrixAttr("worldMatrix", "wm")), multi(matrixAttr("worldInverseMatrix", "wim")),
               multi(matrixAttr("parentMatrix", "pm")), multi(matrixAttr("parentInverseMatrix", "pim"))));
     dag.dag = true;
+    dag.attrs.front()->keyable = true; // visibility
     out.push_back(std::move(dag));
 
     auto shear = compoundAttr(
@@ -43,6 +44,9 @@ void addDagTypes(std::vector<NodeTypeDef>& out) {
               triple("scalePivotTranslate", "spt", AttrType::Double),
               boolAttr("inheritsTransform", "it", true), boolAttr("displayHandle", "dh", false)));
     transform.transform = true;
+    // Translate, rotate and scale are keyable, channel by channel.
+    for (std::size_t i = 0; i < 3; ++i)
+        for (auto& child : transform.attrs[i]->children) child->keyable = true;
     out.push_back(std::move(transform));
 
     out.push_back(

@@ -5,7 +5,7 @@ namespace host {
 namespace {
 
 std::vector<AttrPtr> geometryFilterAttrs() {
-    return attrs(floatAttr("envelope", "en", 1.0),
+    return attrs(keyable(floatAttr("envelope", "en", 1.0)),
                  multi(compoundAttr("input", "ip",
                                     attrs(dataAttr("inputGeometry", "ig", DataKind::Mesh, "mesh"),
                                           intAttr("groupId", "gi", 0)))),
@@ -53,7 +53,7 @@ void addDeformerTypes(std::vector<NodeTypeDef>& out) {
     auto baseOrigin = triple("baseOrigin", "bo", AttrType::Double);
     out.push_back(typeDef(
         "blendShape", "geometryFilter", MFn::kBlendShape,
-        attrs(multi(floatAttr("weight", "w", 0.0)), std::move(inputTarget), std::move(inbetweenInfo),
+        attrs(keyable(multi(floatAttr("weight", "w", 0.0))), std::move(inputTarget), std::move(inbetweenInfo),
               enumAttr("origin", "or", 1), std::move(baseOrigin), boolAttr("parallelBlender", "pb", false),
               boolAttr("topologyCheck", "tc", true), boolAttr("supportNegativeWeights", "snw", false),
               dataAttr("paintWeights", "pw", DataKind::DoubleArray, "doubleArray"))));

@@ -3,7 +3,7 @@
 #include "api/command/ContextRegistry.h"
 #include "api/command/PluginCommand.h"
 #include "api/command/PluginRegistry.h"
-#include "engine/Session.h"
+#include "session/Session.h"
 
 #include <maya/MSyntax.h>
 

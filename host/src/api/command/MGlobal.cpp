@@ -3,9 +3,9 @@
 #include "api/ObjectRef.h"
 #include "api/command/ResultConvert.h"
 #include "api/command/UndoSuspension.h"
-#include "engine/Session.h"
 #include "lang/Interpreter.h"
 #include "lang/ResultFormat.h"
+#include "session/Session.h"
 
 namespace {
 

@@ -1,3 +1,5 @@
+#include "engine/Matrix.h"
+
 #include <maya/MEulerRotation.h>
 #include <maya/MMatrix.h>
 #include <maya/MQuaternion.h>
@@ -50,18 +52,6 @@ MEulerRotation::RotationOrder reversed(MEulerRotation::RotationOrder order) {
     default:
         return MEulerRotation::kZYX;
     }
-}
-
-// Rotation about one axis for row vectors (right-handed: about x, y turns towards z).
-MMatrix axisRotation(int axis, double angle) {
-    MMatrix m;
-    const int p = (axis + 1) % 3, q = (axis + 2) % 3;
-    const double c = std::cos(angle), s = std::sin(angle);
-    m.matrix[p][p] = c;
-    m.matrix[p][q] = s;
-    m.matrix[q][p] = -s;
-    m.matrix[q][q] = c;
-    return m;
 }
 
 MQuaternion axisQuaternion(int axis, double angle) {
@@ -121,9 +111,7 @@ MQuaternion MEulerRotation::asQuaternion() const {
 }
 
 MMatrix MEulerRotation::asMatrix() const {
-    const Axes a = axesOf(order);
-    return axisRotation(a.i, (*this)[a.i]) * axisRotation(a.j, (*this)[a.j]) *
-           axisRotation(a.k, (*this)[a.k]);
+    return MMatrix(host::Matrix::rotation(x, y, z, order).m);
 }
 
 MVector MEulerRotation::asVector() const {

@@ -1,4 +1,4 @@
-#include "api/values/matrix4.h"
+#include "engine/Matrix4.h"
 
 #include <maya/MMatrix.h>
 

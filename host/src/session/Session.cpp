@@ -1,4 +1,4 @@
-#include "engine/Session.h"
+#include "session/Session.h"
 
 #include "api/command/PluginRegistry.h"
 #include "api/command/SessionCommands.h"
