@@ -8,10 +8,10 @@
 
 #include <maya/MArgDatabase.h>
 #include <maya/MDagPath.h>
+#include <maya/MFnSingleIndexedComponent.h>
 #include <maya/MGlobal.h>
 #include <maya/MItMeshEdge.h>
 #include <maya/MItMeshPolygon.h>
-#include <maya/MItMeshVertex.h>
 #include <maya/MSelectionList.h>
 
 #include <vector>
@@ -60,8 +60,10 @@ std::vector<int> selectedVertices() {
         return vertices;
     MStatus status;
     if (component.hasFn(MFn::kMeshVertComponent)) {
-        for (MItMeshVertex it(mesh, component, &status); status && !it.isDone(); it.next())
-            vertices.push_back(it.index());
+        // The component's elements are the vertex indices an iterator would visit, read at once.
+        MIntArray elements;
+        MFnSingleIndexedComponent(component).getElements(elements);
+        vertices = common::toVector(elements);
     } else if (component.hasFn(MFn::kMeshEdgeComponent)) {
         for (MItMeshEdge it(mesh, component, &status); status && !it.isDone(); it.next()) {
             vertices.push_back(it.index(0));
