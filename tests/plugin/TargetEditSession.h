@@ -16,6 +16,13 @@ public:
     using Points = std::vector<std::array<float, 3>>;
 
 protected:
+    // makeBlendShape's "box" and "bs", and an in-between at item 5500 of target 0 that moves vertex
+    // 3 by (0.25, 0, 0).
+    static void makeBlendShapeWithInbetween() {
+        makeBlendShape();
+        must("setAttr bs.it[0].itg[0].iti[5500].ict -type componentList 1 vtx[3]");
+        must("setAttr bs.it[0].itg[0].iti[5500].ipt -type pointArray 1 0.25 0 0 1");
+    }
     static MDagPath path(const std::string& name) {
         MSelectionList list;
         MDagPath result;

@@ -12,9 +12,7 @@ class ExtractTarget : public TargetEditSession {
 protected:
     void SetUp() override {
         TargetEditSession::SetUp();
-        makeBlendShape();
-        must("setAttr bs.it[0].itg[0].iti[5500].ict -type componentList 1 vtx[3]");
-        must("setAttr bs.it[0].itg[0].iti[5500].ipt -type pointArray 1 0.25 0 0 1");
+        makeBlendShapeWithInbetween();
         must("select -cl");
     }
     static CommandResult extract(const std::string& arguments, bool expectOk = true) {

@@ -11,9 +11,7 @@ protected:
     // Target 0 of "bs": item 6000 holds vertices 0, 1, 2, 7; item 5500 holds vertex 3.
     void SetUp() override {
         TargetEditSession::SetUp();
-        makeBlendShape();
-        must("setAttr bs.it[0].itg[0].iti[5500].ict -type componentList 1 vtx[3]");
-        must("setAttr bs.it[0].itg[0].iti[5500].ipt -type pointArray 1 0.25 0 0 1");
+        makeBlendShapeWithInbetween();
     }
     static CommandResult move(const std::string& arguments) {
         return exec("kv_blendShapeSetInbetweenPosition " + arguments + " bs");
