@@ -49,19 +49,6 @@ TEST_F(RemoveDeltas, BySelection) {
     EXPECT_TRUE(errors().empty()) << allMessages();
 }
 
-TEST_F(RemoveDeltas, OtherItemsAndTargetsStayUntouched) {
-    must("setAttr bs.it[0].itg[0].iti[5500].ict -type componentList 1 vtx[1]");
-    must("setAttr bs.it[0].itg[0].iti[5500].ipt -type pointArray 1 1 0 0 1");
-    must("select box.vtx[1]");
-    EXPECT_EQ(exec("kv_blendShapeRemoveDeltas -ti 5500 bs"), CommandResult(1));
-    EXPECT_EQ(components(0, 5500), std::vector<int>{});
-    EXPECT_EQ(components(0), all);
-    // A target index without data gets the selection's result on its own item.
-    EXPECT_EQ(exec("kv_blendShapeRemoveDeltas -i 3 bs"), CommandResult(1));
-    EXPECT_EQ(components(3), std::vector<int>{});
-    EXPECT_EQ(components(0), all);
-}
-
 TEST_F(RemoveDeltas, UndoAndRedo) {
     for (const char* selection : {"select box.f[0]", "select -cl"}) {
         must(selection);
@@ -76,15 +63,6 @@ TEST_F(RemoveDeltas, UndoAndRedo) {
         exec("undo");
     }
     EXPECT_TRUE(errors().empty()) << allMessages();
-}
-
-TEST_F(RemoveDeltas, NodeChecks) {
-    must("select box.vtx[0]");
-    EXPECT_EQ(exec("kv_blendShapeRemoveDeltas", false), CommandResult(0));
-    EXPECT_EQ(exec("kv_blendShapeRemoveDeltas box", false), CommandResult(0));
-    EXPECT_EQ(errors(),
-              (Lines{"The node is not a blend shape node.", "The node is not a blend shape node."}));
-    EXPECT_EQ(components(0), all);
 }
 
 } // namespace

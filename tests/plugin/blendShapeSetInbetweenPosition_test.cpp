@@ -19,8 +19,6 @@ protected:
     static std::vector<int> items(unsigned int target = 0) {
         return common::targetItems(node("bs"), target).vec();
     }
-    const std::vector<int> full = {0, 1, 2, 7};
-    const Deltas fullDeltas = {{0, 1, 0}, {0, 2, 0}, {0, 3, 0}, {0, 4, 0}};
 };
 
 TEST_F(SetInbetweenPosition, MovesTheItemData) {
@@ -68,12 +66,6 @@ TEST_F(SetInbetweenPosition, UndoRemovesTheTargetItemAndRestoresTheSource) {
     EXPECT_EQ(items(), (std::vector<int>{5500}));
     EXPECT_EQ(components(0, 5500), std::vector<int>{3});
     EXPECT_TRUE(errors().empty()) << allMessages();
-}
-
-TEST_F(SetInbetweenPosition, NodeChecks) {
-    EXPECT_EQ(exec("kv_blendShapeSetInbetweenPosition -sp 5500 -tp 5000 box", false), CommandResult(0));
-    EXPECT_EQ(errors(), Lines{"The node is not a blend shape node."});
-    EXPECT_EQ(items(), (std::vector<int>{5500, 6000}));
 }
 
 } // namespace
