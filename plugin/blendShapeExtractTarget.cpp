@@ -47,8 +47,8 @@ MStatus blendShapeExtractTarget::doIt(const MArgList& args) {
     if (!status) return status;
     if (common::answerHelp(argData, blendShapeExtractTarget_helpText)) return MS::kSuccess;
 
-    if (argData.isFlagSet("-i") && !(status = argData.getFlagArgument("-i", 0, index))) return status;
-    if (argData.isFlagSet("-ti") && !(status = argData.getFlagArgument("-ti", 0, targetItem))) return status;
+    if (!(status = common::getIndexFlag(argData, "-i", index))) return status;
+    if (!(status = common::getIndexFlag(argData, "-ti", targetItem))) return status;
     if (argData.isFlagSet("-om") && !(status = argData.getFlagArgument("-om", 0, originalMeshName)))
         return status;
 

@@ -87,8 +87,8 @@ MStatus blendShapeRemoveDeltas::doIt(const MArgList& args) {
     if (!status) return status;
     if (common::answerHelp(argData, blendShapeRemoveDeltas_helpText)) return MS::kSuccess;
 
-    if (argData.isFlagSet("-i") && !(status = argData.getFlagArgument("-i", 0, index))) return status;
-    if (argData.isFlagSet("-ti") && !(status = argData.getFlagArgument("-ti", 0, targetItem))) return status;
+    if (!(status = common::getIndexFlag(argData, "-i", index))) return status;
+    if (!(status = common::getIndexFlag(argData, "-ti", targetItem))) return status;
 
     status = common::getBlendShapeNode(argData, blendShapeNode);
     if (!status) {

@@ -63,11 +63,11 @@ MStatus blendShapeReplaceTarget::doIt(const MArgList& args) {
     if (!status) return status;
     if (common::answerHelp(argData, blendShapeReplaceTarget_helpText)) return MS::kSuccess;
 
-    if (argData.isFlagSet("-i") && !(status = argData.getFlagArgument("-i", 0, index))) return status;
+    if (!(status = common::getIndexFlag(argData, "-i", index))) return status;
     if (argData.isFlagSet("-m") && !(status = argData.getFlagArgument("-m", 0, meshName))) return status;
     if (argData.isFlagSet("-om") && !(status = argData.getFlagArgument("-om", 0, originalMeshName)))
         return status;
-    if (argData.isFlagSet("-ti") && !(status = argData.getFlagArgument("-ti", 0, targetItem))) return status;
+    if (!(status = common::getIndexFlag(argData, "-ti", targetItem))) return status;
 
     status = common::getBlendShapeNode(argData, blendShapeNode);
     if (!status) {

@@ -45,11 +45,9 @@ MStatus blendShapeSetInbetweenPosition::doIt(const MArgList& args) {
     if (!status) return status;
     if (common::answerHelp(argData, blendShapeSetInbetweenPosition_helpText)) return MS::kSuccess;
 
-    if (argData.isFlagSet("-i") && !(status = argData.getFlagArgument("-i", 0, index))) return status;
-    if (argData.isFlagSet("-sp") && !(status = argData.getFlagArgument("-sp", 0, sourcePosition)))
-        return status;
-    if (argData.isFlagSet("-tp") && !(status = argData.getFlagArgument("-tp", 0, targetPosition)))
-        return status;
+    if (!(status = common::getIndexFlag(argData, "-i", index))) return status;
+    if (!(status = common::getIndexFlag(argData, "-sp", sourcePosition))) return status;
+    if (!(status = common::getIndexFlag(argData, "-tp", targetPosition))) return status;
 
     status = common::getBlendShapeNode(argData, blendShapeNode);
     if (!status) {

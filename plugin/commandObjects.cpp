@@ -26,6 +26,14 @@ MStatus getCommandNode(const MArgDatabase& argData, MFn::Type type, const char* 
     return MS::kSuccess;
 }
 
+MStatus getIndexFlag(const MArgDatabase& argData, const char* flag, unsigned int& index) {
+    if (!argData.isFlagSet(flag)) return MS::kSuccess;
+    int value = 0;
+    const MStatus status = argData.getFlagArgument(flag, 0, value);
+    if (status) index = static_cast<unsigned int>(value);
+    return status;
+}
+
 MStatus getBlendShapeNode(const MArgDatabase& argData, MObject& node) {
     return getCommandNode(argData, MFn::kBlendShape, "No blend shape node provided.",
                           "The node is not a blend shape node.", node);

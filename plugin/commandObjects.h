@@ -18,6 +18,11 @@ namespace common {
 MStatus getCommandNode(const MArgDatabase& argData, MFn::Type type, const char* missingMessage,
                        const char* wrongTypeMessage, MObject& node);
 
+// Reads an index flag given as an integer into an unsigned index. A negative number wraps around
+// (as a C++ conversion does) to an index no item has, so the command reports that item as it would
+// any other rather than stopping without a word.
+MStatus getIndexFlag(const MArgDatabase& argData, const char* flag, unsigned int& index);
+
 // The blend shape node of the call, with the messages every blend shape command shows.
 MStatus getBlendShapeNode(const MArgDatabase& argData, MObject& node);
 
