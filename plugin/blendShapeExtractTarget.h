@@ -1,6 +1,10 @@
 #pragma once
 // Rebuilds one stored target item of a blend shape node as a new mesh.
 #include <maya/MArgList.h>
+#include <maya/MDagPath.h>
+#include <maya/MIntArray.h>
+#include <maya/MObject.h>
+#include <maya/MPointArray.h>
 #include <maya/MPxCommand.h>
 #include <maya/MStatus.h>
 #include <maya/MString.h>
@@ -24,4 +28,12 @@ private:
     unsigned int index;       // -index
     MString originalMeshName; // -originalMesh
     unsigned int targetItem;  // -targetItem
+
+    MObject blendShapeNode;
+    MDagPath originalMeshPath;
+    MObject originalMesh;
+    MObject resultMesh; // the transform made by the last redoIt; undoIt deletes it
+
+    // The mesh that shows the original plus the given deltas, evaluated by a temporary deformer.
+    MStatus evaluateTarget(const MIntArray& components, const MPointArray& points);
 };

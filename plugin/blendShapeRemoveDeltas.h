@@ -1,6 +1,9 @@
 #pragma once
 // Removes the deltas of the selected mesh components from one target item.
 #include <maya/MArgList.h>
+#include <maya/MIntArray.h>
+#include <maya/MObject.h>
+#include <maya/MPointArray.h>
 #include <maya/MPxCommand.h>
 #include <maya/MStatus.h>
 #include <maya/MSyntax.h>
@@ -22,4 +25,10 @@ public:
 private:
     unsigned int index;      // -index
     unsigned int targetItem; // -targetItem
+
+    MObject blendShapeNode;
+    // The item's lists as read before the change; valid once a change has been written.
+    MIntArray oldComponents;
+    MPointArray oldPoints;
+    bool changed;
 };

@@ -1,6 +1,10 @@
 #pragma once
 // Replaces the deltas of one target item by the difference between a mesh and the original mesh.
 #include <maya/MArgList.h>
+#include <maya/MDagPath.h>
+#include <maya/MIntArray.h>
+#include <maya/MObject.h>
+#include <maya/MPointArray.h>
 #include <maya/MPxCommand.h>
 #include <maya/MStatus.h>
 #include <maya/MString.h>
@@ -25,4 +29,14 @@ private:
     MString meshName;         // -mesh
     MString originalMeshName; // -originalMesh
     unsigned int targetItem;  // -targetItem
+
+    MDagPath meshPath;
+    MDagPath originalMeshPath;
+    MObject blendShapeNode;
+    // The item's lists as they were before the change; valid once a change has been written.
+    MIntArray oldComponents;
+    MPointArray oldPoints;
+    bool changed;
+
+    bool checkMeshes();
 };

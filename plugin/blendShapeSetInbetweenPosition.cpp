@@ -1,8 +1,12 @@
 #include "blendShapeSetInbetweenPosition.h"
 
+#include "commandObjects.h"
 #include "commandSupport.h"
+#include "targetItemData.h"
 
 #include <maya/MArgDatabase.h>
+#include <maya/MFnDependencyNode.h>
+#include <maya/MGlobal.h>
 
 const char* const blendShapeSetInbetweenPosition_helpText =
     "\n"
@@ -18,7 +22,7 @@ const char* const blendShapeSetInbetweenPosition_helpText =
     "Return Value: int\n";
 
 blendShapeSetInbetweenPosition::blendShapeSetInbetweenPosition()
-    : index(0), sourcePosition(6000), targetPosition(6000) {}
+    : index(0), sourcePosition(6000), targetPosition(6000), changed(false) {}
 
 void* blendShapeSetInbetweenPosition::creator() {
     return new blendShapeSetInbetweenPosition();
@@ -40,13 +44,46 @@ MStatus blendShapeSetInbetweenPosition::doIt(const MArgList& args) {
     MArgDatabase argData(syntax(), args, &status);
     if (!status) return status;
     if (common::answerHelp(argData, blendShapeSetInbetweenPosition_helpText)) return MS::kSuccess;
-    return common::notAvailable("kv_blendShapeSetInbetweenPosition");
+
+    if (!(status = common::getIndexFlag(argData, "-i", index))) return status;
+    if (!(status = common::getIndexFlag(argData, "-sp", sourcePosition))) return status;
+    if (!(status = common::getIndexFlag(argData, "-tp", targetPosition))) return status;
+
+    status = common::getBlendShapeNode(argData, blendShapeNode);
+    if (!status) {
+        setResult(0);
+        return status;
+    }
+    return redoIt();
+}
+
+void blendShapeSetInbetweenPosition::removeItem(unsigned int position) const {
+    // The numbers go through the string's floating-point append, as the node's item numbers do
+    // everywhere else in the command strings.
+    MString command = "removeMultiInstance -b 1 " + MFnDependencyNode(blendShapeNode).name() + ".it[0].itg[";
+    command += static_cast<double>(index);
+    command += "].iti[";
+    command += static_cast<double>(position);
+    command += "]";
+    MGlobal::executeCommand(command, false, false);
 }
 
 MStatus blendShapeSetInbetweenPosition::redoIt() {
-    return MS::kSuccess;
+    MStatus status =
+        common::readTargetFillingEmpty(blendShapeNode, index, sourcePosition, components, points);
+    if (!status) {
+        setResult(0);
+        return status;
+    }
+    removeItem(sourcePosition);
+    changed = true;
+    status = common::writeTarget(blendShapeNode, index, targetPosition, components, points);
+    setResult(status ? 1 : 0);
+    return status;
 }
 
 MStatus blendShapeSetInbetweenPosition::undoIt() {
-    return MS::kSuccess;
+    if (!changed) return MS::kSuccess;
+    removeItem(targetPosition);
+    return common::writeTarget(blendShapeNode, index, sourcePosition, components, points);
 }

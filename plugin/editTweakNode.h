@@ -1,6 +1,9 @@
 #pragma once
 // Removes the vertex offsets of a tweak node, optionally baking them into the original mesh first.
 #include <maya/MArgList.h>
+#include <maya/MDagPath.h>
+#include <maya/MObject.h>
+#include <maya/MPlug.h>
 #include <maya/MPxCommand.h>
 #include <maya/MStatus.h>
 #include <maya/MString.h>
@@ -23,4 +26,9 @@ public:
 private:
     bool bake;                // -bake
     MString originalMeshName; // -originalMesh
+
+    MObject tweakNode;
+    MDagPath originalMeshPath;
+    MObject originalMesh;
+    MPlug vertexPlug; // <tweak>.vlist[0].vertex: offsets by vertex index
 };

@@ -95,7 +95,17 @@ MObject MFnMesh::place(host::MeshData&& mesh, MObject parentOrOwner, MStatus* Re
         return parentOrOwner;
     }
     MStatus s;
-    MObject result = MFnDagNode::create("mesh", parentOrOwner, &s);
+    // Without a parent the new shape goes under a new transform named polySurface<n>, which is
+    // returned, as in Maya.
+    MObject transform;
+    if (parentOrOwner.isNull()) {
+        transform = MFnDagNode().create("transform", "polySurface#", MObject::kNullObj, &s);
+        if (!s) {
+            setStatus(ReturnStatus, false);
+            return MObject();
+        }
+    }
+    MObject result = MFnDagNode::create("mesh", transform.isNull() ? parentOrOwner : transform, &s);
     if (!s) {
         setStatus(ReturnStatus, false);
         return MObject();
@@ -103,7 +113,7 @@ MObject MFnMesh::place(host::MeshData&& mesh, MObject parentOrOwner, MStatus* Re
     host::nodeOf(object_)->mesh() = std::make_shared<host::MeshData>(std::move(mesh));
     host::scene().touch();
     setStatus(ReturnStatus, true);
-    return result;
+    return transform.isNull() ? result : transform;
 }
 
 MObject MFnMesh::create(int numVertices, int numPolygons, const MFloatPointArray& vertexArray,

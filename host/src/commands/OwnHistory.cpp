@@ -1,5 +1,6 @@
 #include "commands/OwnHistory.h"
 
+#include "commands/ObjectItems.h"
 #include "engine/Scene.h"
 
 #include <unordered_map>
@@ -18,11 +19,6 @@ bool isHistoryNode(const NodePtr& node) {
 }
 
 } // namespace
-
-bool isIntermediateObject(const Node& node) {
-    const Plug io = resolveAttrPath(scene().sharedNode(&node), "intermediateObject", nullptr);
-    return !io.isNull() && valueAsDouble(io.value()) != 0.0;
-}
 
 std::vector<NodePtr> ownHistory(const std::vector<NodePtr>& deleted) {
     Scene& s = scene();

@@ -8,9 +8,6 @@
 
 namespace host {
 
-// Whether a shape is an intermediate object (a deformer's hidden original).
-bool isIntermediateObject(const Node& node);
-
 // The nodes upstream of the meshes in `deleted` (and below them) whose every outgoing connection
 // leads into what is deleted. Transforms, joints and visible shapes are never included.
 std::vector<NodePtr> ownHistory(const std::vector<NodePtr>& deleted);
