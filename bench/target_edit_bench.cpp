@@ -9,7 +9,7 @@
 #include <maya/MSelectionList.h>
 
 #include "engine/Scene.h"
-#include "engine/Session.h"
+#include "session/Session.h"
 
 #include <string>
 

@@ -9,23 +9,6 @@
 
 namespace common {
 
-bool readTargetFillingEmpty(const MObject& blendShape, unsigned int targetIndex, unsigned int itemIndex,
-                            MIntArray& components, MPointArray& points) {
-    components = getTargetComponents(blendShape, targetIndex, itemIndex);
-    points = getTargetPoints(blendShape, targetIndex, itemIndex);
-    if (components.length() == 0 &&
-        !setTargetComponents(blendShape, targetIndex, itemIndex, MIntArray(1, 0))) {
-        MGlobal::displayError("Error setting components for empty target.");
-        return false;
-    }
-    if (points.length() == 0 &&
-        !setTargetPoints(blendShape, targetIndex, itemIndex, MPointArray(1, MPoint(0.0, 0.0, 0.0, 1.0)))) {
-        MGlobal::displayError("Error setting points for empty target.");
-        return false;
-    }
-    return true;
-}
-
 core::TargetDeltas toTargetDeltas(const MIntArray& components, const MPointArray& points) {
     core::TargetDeltas deltas;
     deltas.components.resize(components.length());
@@ -36,10 +19,6 @@ core::TargetDeltas toTargetDeltas(const MIntArray& components, const MPointArray
         deltas.deltas[i] = core::Delta{p.x, p.y, p.z, p.w};
     }
     return deltas;
-}
-
-MIntArray toIntArray(const std::vector<int>& values) {
-    return MIntArray(values.data(), static_cast<unsigned int>(values.size()));
 }
 
 MPointArray toPointArray(const std::vector<core::Delta>& deltas) {
