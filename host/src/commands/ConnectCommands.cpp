@@ -42,13 +42,14 @@ void deliveredValues(const Plug& plug, std::vector<std::pair<Plug, Value>>& out)
     for (std::size_t k = 0; k < plug.attr()->children.size(); ++k) deliveredValues(plug.child(k), out);
 }
 
-// Breaks a connection; the destination keeps the value it was last given, as Maya leaves it.
+// Breaks a connection; the destination keeps the value it was last given, as Maya leaves it, also
+// when that was no value at all (an empty data attribute).
 bool disconnectKeepingValue(const Plug& source, const Plug& destination, std::string* error) {
     std::vector<std::pair<Plug, Value>> kept;
     deliveredValues(destination, kept);
     if (!scene().disconnect(source, destination, error)) return false;
     for (auto& [plug, value] : kept)
-        if (value.index() != 0 && value != plug.value()) plug.setValue(std::move(value));
+        if (value != plug.value()) plug.setValue(std::move(value));
     return true;
 }
 

@@ -35,17 +35,18 @@ Value evaluatedValue(const Plug& plug) {
     // Follow connections upstream and take the value stored furthest up. Nodes the host does not
     // compute (animation curves, unknown types) hold no value on their outputs: then the value
     // stored downstream of them, as the file saved it, stands. Matrix outputs of DAG nodes are
-    // always computed.
+    // always computed. A node of a type the host knows delivers what it holds, even no value at all.
     auto stored = [](const Plug& p) {
         const Slot* slot = p.slot();
-        return slot && slot->value.index() != 0;
+        return (slot && slot->value.index() != 0) || !p.node()->type().generic;
     };
     Value computed;
     if (computedValue(plug, computed)) return computed;
     Plug first = upstreamOf(plug);
     if (first.isNull()) return plug.value(); // the common case: nothing feeds it
     Plug current = plug;
-    Plug best = stored(plug) ? plug : Plug();
+    const Slot* own = plug.slot();
+    Plug best = own && own->value.index() != 0 ? plug : Plug();
     for (int hops = 0; hops < 256; ++hops) { // a cycle or a very long chain stops here
         Plug source = upstreamOf(current);
         if (source.isNull() || source.attr()->madeUp) break;
