@@ -5,6 +5,7 @@
 #include "core/json/WeightsFile.h"
 #include "core/weights/WeightEdits.h"
 #include "mirrorMatching.h"
+#include "targetCommandChecks.h"
 #include "vertexOrderMap.h"
 
 #include <maya/MArgDatabase.h>
@@ -288,27 +289,8 @@ bool blendShapeEditWeights::checkMeshes() {
     if (list.length() != names) return true;
 
     MDagPath meshes[2];
-    for (unsigned int i = 0; i < list.length(); ++i) {
-        MStringArray names;
-        list.getSelectionStrings(i, names);
-        const MString name = names.length() ? names[0] : MString();
-        MDagPath& path = meshes[i];
-        if (!list.getDagPath(i, path)) {
-            MGlobal::displayError(name + " is not a mesh object.");
-            return false;
-        }
-        if (path.node().hasFn(MFn::kTransform)) {
-            if (path.childCount() == 0) {
-                MGlobal::displayError(name + " has no shape node.");
-                return false;
-            }
-            path.push(path.child(0));
-        }
-        if (!path.hasFn(MFn::kMesh)) {
-            MGlobal::displayError(name + " is not a mesh object.");
-            return false;
-        }
-    }
+    for (unsigned int i = 0; i < list.length(); ++i)
+        if (!common::meshShapeAt(list, i, meshes[i])) return false;
     originalMesh = meshes[0];
     orderMesh = separateOrderMesh ? meshes[1] : meshes[0];
     return true;
