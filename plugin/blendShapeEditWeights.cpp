@@ -429,10 +429,7 @@ MIntArray blendShapeEditWeights::getWeightIndices() {
 }
 
 void blendShapeEditWeights::getWeights(MIntArray& indices, MDoubleArray& weights) {
-    indices = getWeightIndices();
-    weights.setLength(indices.length());
-    for (unsigned int k = 0; k < indices.length(); ++k)
-        weights[k] = weightsPlug.elementByPhysicalIndex(k).asDouble();
+    common::getArrayWeights(weightsPlug, indices, weights);
 }
 
 core::WeightMap blendShapeEditWeights::readMap() {

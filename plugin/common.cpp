@@ -166,6 +166,13 @@ MPlug weightsPlug(const MObject& blendShape, int weightMapIndex) {
     return plug;
 }
 
+void getArrayWeights(MPlug weights, MIntArray& indices, MDoubleArray& values) {
+    weights.getExistingArrayAttributeIndices(indices);
+    values.setLength(indices.length());
+    for (unsigned int k = 0; k < indices.length(); ++k)
+        values[k] = weights.elementByPhysicalIndex(k).asDouble();
+}
+
 MStatus deleteWeights(MPlug weights) {
     MStatus status;
     MFnDoubleArrayData empty;

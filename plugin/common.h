@@ -8,6 +8,7 @@
 // inputTargetGroup (the same as the weight channel); an item index is a logical index of
 // inputTargetItem (6000 is the full shape, in-betweens sit at weight * 1000 + 5000); a weight map
 // index is -1 for the base weights and a target index otherwise.
+#include <maya/MDoubleArray.h>
 #include <maya/MIntArray.h>
 #include <maya/MObject.h>
 #include <maya/MPlug.h>
@@ -57,6 +58,8 @@ MStatus setTargetComponents(const MObject& blendShape, unsigned int targetIndex,
 // inputTarget[0].baseWeights for -1, inputTarget[0].inputTargetGroup[index].targetWeights
 // otherwise; a null plug for indices below -1, which name no map.
 MPlug weightsPlug(const MObject& blendShape, int weightMapIndex);
+// The existing element indices of a weight map and their values, in physical order.
+void getArrayWeights(MPlug weights, MIntArray& indices, MDoubleArray& values);
 // Clears every element of the weight map by setting it to empty double array data.
 MStatus deleteWeights(MPlug weights);
 

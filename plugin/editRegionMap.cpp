@@ -274,10 +274,7 @@ MIntArray editRegionMap::getWeightIndices() {
 }
 
 void editRegionMap::getWeights(MIntArray& indices, MDoubleArray& weights) {
-    indices = getWeightIndices();
-    weights.setLength(indices.length());
-    for (unsigned int k = 0; k < indices.length(); ++k)
-        weights[k] = baseWeightsPlug.elementByPhysicalIndex(k).asDouble();
+    common::getArrayWeights(baseWeightsPlug, indices, weights);
 }
 
 bool editRegionMap::exportRegions() {
