@@ -1,5 +1,6 @@
 #include "blendShapeExportData.h"
 
+#include "commandObjects.h"
 #include "commandSupport.h"
 #include "common.h"
 #include "core/json/DeltaFileWriter.h"
@@ -55,7 +56,7 @@ MStatus blendShapeExportData::doIt(const MArgList& args) {
     status = parseArguments(argData);
     if (!status) return status;
 
-    status = common::blendShapeArgument(argData, blendShapeNode);
+    status = common::getBlendShapeNode(argData, blendShapeNode);
     if (!status) return status;
 
     const char* missing = nullptr;

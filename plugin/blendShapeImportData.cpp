@@ -1,5 +1,6 @@
 #include "blendShapeImportData.h"
 
+#include "commandObjects.h"
 #include "commandSupport.h"
 #include "deltaImport.h"
 
@@ -53,7 +54,7 @@ MStatus blendShapeImportData::doIt(const MArgList& args) {
     if (!status) return status;
 
     if (delta) {
-        status = common::blendShapeArgument(argData, blendShapeNode);
+        status = common::getBlendShapeNode(argData, blendShapeNode);
         if (!status) return status;
     }
 

@@ -1,9 +1,7 @@
 #include "commandSupport.h"
 
 #include <maya/MArgList.h>
-#include <maya/MGlobal.h>
 #include <maya/MPxCommand.h>
-#include <maya/MSelectionList.h>
 
 namespace common {
 
@@ -29,36 +27,12 @@ bool answerHelp(const MArgDatabase& argData, const char* helpText) {
     return true;
 }
 
-MStatus blendShapeArgument(const MArgDatabase& argData, MObject& blendShape) {
-    MSelectionList objects;
-    const MStatus status = argData.getObjects(objects);
-    if (!status) {
-        MGlobal::displayError("Error getting objects");
-        return status;
-    }
-    if (objects.length() == 0) {
-        MPxCommand::displayError("No blend shape node provided.");
-        return MS::kFailure;
-    }
-    objects.getDependNode(0, blendShape);
-    if (!blendShape.hasFn(MFn::kBlendShape)) {
-        MPxCommand::displayError("The node is not a blend shape node.");
-        return MS::kFailure;
-    }
-    return MS::kSuccess;
-}
-
 MStatus appendFlagUses(const MArgDatabase& argData, const char* flag, MIntArray& values) {
     return appendUses(argData, flag, [&values](const MArgList& use) { values.append(use.asInt(0)); });
 }
 
 MStatus appendFlagUses(const MArgDatabase& argData, const char* flag, MStringArray& values) {
     return appendUses(argData, flag, [&values](const MArgList& use) { values.append(use.asString(0)); });
-}
-
-MStatus notAvailable(const char* commandName) {
-    MGlobal::displayError(MString(commandName) + " is not available in this build.");
-    return MS::kFailure;
 }
 
 } // namespace common
