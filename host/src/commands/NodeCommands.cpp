@@ -109,12 +109,7 @@ bool deleteCommand(Invocation& inv) {
     ArgReader args("delete", inv.statement.args);
     if (!args.parse(flags)) return false;
     SelectionList items;
-    std::string error;
-    for (const Token* token : args.positional())
-        if (!resolveObjectArg(token->text, items, &error)) {
-            messageLog().error(error);
-            return false;
-        }
+    if (!resolveObjectArgs(args.positional(), items)) return false;
     if (args.positional().empty()) items = scene().activeSelection();
     if (items.empty()) return args.fail("Not enough objects or values.");
     for (const SelectionItem& item : items)
@@ -126,6 +121,7 @@ bool deleteCommand(Invocation& inv) {
     for (const SelectionItem& item : items) nodes.push_back(item.node);
     for (NodePtr& node : ownHistory(nodes)) nodes.push_back(std::move(node));
     bool ok = true;
+    std::string error;
     for (const NodePtr& node : nodes) {
         if (!node->alive()) continue; // went with a parent listed before it
         if (!scene().deleteNode(node, &error)) {

@@ -87,6 +87,16 @@ bool resolveObjectArg(const std::string& text, SelectionList& out, std::string* 
     return true;
 }
 
+bool resolveObjectArgs(const std::vector<const Token*>& names, SelectionList& out) {
+    std::string error;
+    for (const Token* token : names)
+        if (!resolveObjectArg(token->text, out, &error)) {
+            messageLog().error(error);
+            return false;
+        }
+    return true;
+}
+
 void appendItemNames(const SelectionItem& item, bool longNames, bool flatten, std::vector<std::string>& out) {
     if (!item.node || !item.node->alive()) return;
     const std::string name = displayName(*item.node, longNames);

@@ -4,6 +4,7 @@
 // or "pCubeShape1.f[*]"; a transform's components are those of its visible mesh shape.
 #include "engine/NamePattern.h"
 #include "engine/Selection.h"
+#include "lang/CommandTable.h"
 
 #include <string>
 #include <vector>
@@ -14,6 +15,10 @@ namespace host {
 // ascending order ([*] lists every element). A pattern may match nothing; any other name must
 // resolve.
 bool resolveObjectArg(const std::string& text, SelectionList& out, std::string* error);
+
+// Appends the items of every argument in turn. The first that does not resolve is reported as an
+// error and ends the reading with false.
+bool resolveObjectArgs(const std::vector<const Token*>& names, SelectionList& out);
 
 // Whether a node is an intermediate object (a deformed mesh's original shape, say).
 bool isIntermediateObject(const Node& node);

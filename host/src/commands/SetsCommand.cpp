@@ -213,12 +213,7 @@ bool setsCommand(Invocation& inv) {
         return true;
     }
     SelectionList items;
-    std::string error;
-    for (const Token* token : names)
-        if (!resolveObjectArg(token->text, items, &error)) {
-            messageLog().error(error);
-            return false;
-        }
+    if (!resolveObjectArgs(names, items)) return false;
     if (names.empty() && !args.has("empty")) items = scene().activeSelection();
     const char* editFlag = args.has("forceElement") ? "forceElement"
                            : args.has("addElement") ? "addElement"
@@ -228,6 +223,7 @@ bool setsCommand(Invocation& inv) {
     if (editFlag) {
         if (!(set = findSet(args, args.text(editFlag)))) return false;
     } else {
+        std::string error;
         set = scene().createNode("objectSet", args.text("name"), nullptr, &error);
         if (!set) return args.fail(error);
         inv.result = nodeName(*set);

@@ -104,12 +104,7 @@ bool duplicateCommand(Invocation& inv) {
     ArgReader args("duplicate", inv.statement.args);
     if (!args.parse(flags)) return false;
     SelectionList items;
-    std::string error;
-    for (const Token* token : args.positional())
-        if (!resolveObjectArg(token->text, items, &error)) {
-            messageLog().error(error);
-            return false;
-        }
+    if (!resolveObjectArgs(args.positional(), items)) return false;
     if (args.positional().empty()) items = scene().activeSelection();
     if (items.empty()) return args.fail("give or select the objects to duplicate.");
     std::vector<NodePtr> originals;
@@ -121,6 +116,7 @@ bool duplicateCommand(Invocation& inv) {
     }
     std::vector<std::string> names;
     SelectionList copies;
+    std::string error;
     for (std::size_t i = 0; i < originals.size(); ++i) {
         const NodePtr& original = originals[i];
         NodePtr copy =
