@@ -1,0 +1,260 @@
+#include "SceneArrays.h"
+
+#include "SceneNodes.h"
+
+#include "core/weights/WeightEdits.h"
+#include "plugin/common.h"
+#include "plugin/vertexOrderMap.h"
+
+#include "engine/ChangeJournal.h"
+
+#include <maya/MFnBlendShapeDeformer.h>
+#include <maya/MFnGeometryFilter.h>
+#include <maya/MFnMesh.h>
+#include <maya/MIntArray.h>
+#include <maya/MPlug.h>
+#include <maya/MPointArray.h>
+
+#include <cmath>
+#include <string>
+
+namespace py = pybind11;
+
+namespace pytalven {
+
+namespace {
+
+constexpr unsigned int fullWeightItem = 6000;
+
+using Doubles = py::array_t<double>;
+using Ints = py::array_t<std::int32_t>;
+
+// The array as given, or a TypeError/ValueError naming what is wrong: no conversions, so a
+// float32 or strided array is refused rather than silently copied.
+template <class T>
+py::array checkedArray(const py::object& value, const char* what, const char* dtypeName, py::ssize_t rows,
+                       py::ssize_t columns) {
+    if (!py::isinstance<py::array>(value))
+        throw py::type_error(std::string(what) + " must be a NumPy array, not " +
+                             py::str(py::type::handle_of(value).attr("__name__")).cast<std::string>());
+    py::array array = py::reinterpret_borrow<py::array>(value);
+    if (!array.dtype().is(py::dtype::of<T>()))
+        throw py::type_error(std::string(what) + " must have dtype " + dtypeName + ", not " +
+                             py::str(array.dtype()).cast<std::string>());
+    const py::ssize_t ndim = columns ? 2 : 1;
+    if (array.ndim() != ndim || (rows >= 0 && array.shape(0) != rows) ||
+        (columns && array.shape(1) != columns)) {
+        std::string expected = rows >= 0 ? std::to_string(rows) : std::string("N");
+        if (columns) expected += ", " + std::to_string(columns);
+        throw py::value_error(std::string(what) + " must have shape (" + expected + "), not " +
+                              py::str(py::tuple(array.attr("shape"))).cast<std::string>());
+    }
+    if (!(array.flags() & py::array::c_style))
+        throw py::value_error(std::string(what) + " must be C-contiguous (use numpy.ascontiguousarray)");
+    return array;
+}
+
+void requireFinite(const double* values, py::ssize_t count, const char* what) {
+    for (py::ssize_t k = 0; k < count; ++k)
+        if (!std::isfinite(values[k])) throw py::value_error(std::string(what) + " holds NaN or infinity");
+}
+
+void requireIndices(const std::int32_t* values, py::ssize_t count, int low, int high, const char* what) {
+    for (py::ssize_t k = 0; k < count; ++k)
+        if (values[k] < low || values[k] >= high)
+            throw py::value_error(std::string(what) + " holds " + std::to_string(values[k]) + ", outside " +
+                                  std::to_string(low) + " to " + std::to_string(high - 1));
+}
+
+Doubles pointRows(const MPointArray& points) {
+    Doubles rows({static_cast<py::ssize_t>(points.length()), py::ssize_t(3)});
+    double* out = rows.mutable_data();
+    for (unsigned int v = 0; v < points.length(); ++v) {
+        out[3 * v] = points[v].x;
+        out[3 * v + 1] = points[v].y;
+        out[3 * v + 2] = points[v].z;
+    }
+    return rows;
+}
+
+MPointArray pointsOf(const py::array& rows) {
+    const double* in = static_cast<const double*>(rows.data());
+    MPointArray points(static_cast<unsigned int>(rows.shape(0)));
+    for (unsigned int v = 0; v < points.length(); ++v)
+        points[v] = MPoint(in[3 * v], in[3 * v + 1], in[3 * v + 2]);
+    return points;
+}
+
+Ints intArray(const MIntArray& values) {
+    Ints array(static_cast<py::ssize_t>(values.length()));
+    std::int32_t* out = array.mutable_data();
+    for (unsigned int k = 0; k < values.length(); ++k) out[k] = values[k];
+    return array;
+}
+
+MIntArray intsOf(const py::array& array) {
+    return MIntArray(static_cast<const int*>(array.data()), static_cast<unsigned int>(array.shape(0)));
+}
+
+// One undo entry for what the write changes, as a command run at the top leaves.
+template <class Write> void recorded(const std::string& name, Write write) {
+    const host::CommandRecording recording([&name] { return name; });
+    write();
+}
+
+unsigned int vertexCount(const MDagPath& mesh) {
+    return static_cast<unsigned int>(MFnMesh(mesh).numVertices());
+}
+
+// The vertex count of the mesh the blendShape deforms: the length of its dense weight maps.
+unsigned int deformedVertexCount(const MObject& blendShape, const std::string& name) {
+    MStatus status;
+    const MObject shape = MFnGeometryFilter(blendShape).outputShapeAtIndex(0, &status);
+    if (!status || shape.isNull()) throw py::value_error(name + " deforms no mesh");
+    return static_cast<unsigned int>(MFnMesh(shape).numVertices());
+}
+
+void requireTarget(const MObject& blendShape, int target, const std::string& name) {
+    MIntArray indices;
+    MFnBlendShapeDeformer(blendShape).weightIndexList(indices);
+    for (unsigned int k = 0; k < indices.length(); ++k)
+        if (indices[k] == target) return;
+    throw py::value_error(name + " has no target " + std::to_string(target));
+}
+
+MPlug weightMap(const MObject& blendShape, int target, const std::string& name) {
+    if (target != -1) requireTarget(blendShape, target, name);
+    return common::weightsPlug(blendShape, target);
+}
+
+Doubles getPoints(const std::string& name) {
+    MPointArray points;
+    MFnMesh(meshPath(name)).getPoints(points, MSpace::kObject);
+    return pointRows(points);
+}
+
+void setPoints(const std::string& name, const py::object& value) {
+    const MDagPath mesh = meshPath(name);
+    const py::array rows = checkedArray<double>(value, "points", "float64", vertexCount(mesh), 3);
+    requireFinite(static_cast<const double*>(rows.data()), rows.size(), "points");
+    MPointArray points = pointsOf(rows);
+    recorded("talven.set_points " + name, [&] { MFnMesh(mesh).setPoints(points, MSpace::kObject); });
+}
+
+Doubles getTargetDeltas(const std::string& name, int target, unsigned int item) {
+    const MObject node = blendShapeNode(name);
+    requireTarget(node, target, name);
+    return pointRows(common::getTargetPoints(node, static_cast<unsigned int>(target), item));
+}
+
+Ints getTargetComponents(const std::string& name, int target, unsigned int item) {
+    const MObject node = blendShapeNode(name);
+    requireTarget(node, target, name);
+    return intArray(common::getTargetComponents(node, static_cast<unsigned int>(target), item));
+}
+
+void setTargetDeltas(const std::string& name, int target, const py::object& deltas,
+                     const py::object& components, unsigned int item) {
+    const MObject node = blendShapeNode(name);
+    requireTarget(node, target, name);
+    const py::array indexArray = checkedArray<std::int32_t>(components, "components", "int32", -1, 0);
+    const py::array rows = checkedArray<double>(deltas, "deltas", "float64", indexArray.shape(0), 3);
+    requireFinite(static_cast<const double*>(rows.data()), rows.size(), "deltas");
+    requireIndices(static_cast<const std::int32_t*>(indexArray.data()), indexArray.size(), 0,
+                   static_cast<int>(deformedVertexCount(node, name)), "components");
+    const MPointArray points = pointsOf(rows);
+    const MIntArray indices = intsOf(indexArray);
+    MStatus status;
+    recorded("talven.set_target_deltas " + name, [&] {
+        status = common::setTargetPoints(node, static_cast<unsigned int>(target), item, points);
+        if (status)
+            status = common::setTargetComponents(node, static_cast<unsigned int>(target), item, indices);
+    });
+    if (!status)
+        throw std::runtime_error(name + ": the target item " + std::to_string(item) + " cannot be written");
+}
+
+Doubles getWeights(const std::string& name, int target) {
+    const MObject node = blendShapeNode(name);
+    const unsigned int count = deformedVertexCount(node, name);
+    MPlug weights = weightMap(node, target, name);
+    Doubles dense(static_cast<py::ssize_t>(count));
+    double* out = dense.mutable_data();
+    std::fill(out, out + count, 1.0);
+    MIntArray indices;
+    weights.getExistingArrayAttributeIndices(indices);
+    for (unsigned int k = 0; k < indices.length(); ++k)
+        if (indices[k] >= 0 && static_cast<unsigned int>(indices[k]) < count)
+            out[indices[k]] = weights.elementByPhysicalIndex(k).asDouble();
+    return dense;
+}
+
+// As the weight editing command sets a whole map: clear it, then write the elements it keeps.
+void setWeights(const std::string& name, const py::object& value, int target) {
+    const MObject node = blendShapeNode(name);
+    const unsigned int count = deformedVertexCount(node, name);
+    MPlug weights = weightMap(node, target, name);
+    const py::array array = checkedArray<double>(value, "weights", "float64", count, 0);
+    const double* in = static_cast<const double*>(array.data());
+    requireFinite(in, array.size(), "weights");
+    std::vector<int> indices(count);
+    for (unsigned int v = 0; v < count; ++v) indices[v] = static_cast<int>(v);
+    const core::WeightMap writes =
+        core::weightsToSet(indices, std::vector<double>(in, in + count), target == -1);
+    recorded("talven.set_weights " + name, [&] {
+        common::deleteWeights(weights);
+        for (std::size_t k = 0; k < writes.size(); ++k)
+            weights.elementByLogicalIndex(static_cast<unsigned int>(writes.indices[k]))
+                .setDouble(writes.weights[k]);
+    });
+}
+
+Ints getVertexOrderMap(const std::string& name) {
+    MPlug plug;
+    if (!common::findVertexOrderMap(meshPath(name), plug))
+        throw py::value_error(name + " has no vertex order map");
+    return intArray(common::readVertexOrderMap(plug));
+}
+
+void setVertexOrderMap(const std::string& name, const py::object& value) {
+    const MDagPath mesh = meshPath(name);
+    const int count = static_cast<int>(vertexCount(mesh));
+    const py::array array = checkedArray<std::int32_t>(value, "order map", "int32", count, 0);
+    requireIndices(static_cast<const std::int32_t*>(array.data()), array.size(), -1, count, "order map");
+    const MIntArray map = intsOf(array);
+    recorded("talven.set_vertex_order_map " + name, [&] {
+        MPlug plug;
+        if (!common::findVertexOrderMap(mesh, plug)) common::createVertexOrderMap(mesh, plug);
+        common::writeVertexOrderMap(plug, map);
+    });
+}
+
+} // namespace
+
+void defineSceneArrays(py::module_& module) {
+    using py::arg;
+    module.def("get_points", &getPoints, arg("mesh"),
+               "The object-space points of a mesh as an (N, 3) float64 array.");
+    module.def("set_points", &setPoints, arg("mesh"), arg("points"),
+               "Sets every point of a mesh from an (N, 3) float64 array, as one undoable change.");
+    module.def("get_target_deltas", &getTargetDeltas, arg("blend_shape"), arg("target"),
+               arg("item") = fullWeightItem, "The point deltas of a target item as a (K, 3) float64 array.");
+    module.def("get_target_components", &getTargetComponents, arg("blend_shape"), arg("target"),
+               arg("item") = fullWeightItem,
+               "The vertex indices of a target item's deltas as an int32 array.");
+    module.def(
+        "set_target_deltas", &setTargetDeltas, arg("blend_shape"), arg("target"), arg("deltas"),
+        arg("components"), arg("item") = fullWeightItem,
+        "Replaces a target item's deltas (K, 3) and their vertex indices (K,), as one undoable change.");
+    module.def(
+        "get_weights", &getWeights, arg("blend_shape"), arg("target") = -1,
+        "A weight map (target -1: the base weights) as a dense float64 array; unset weights read 1.0.");
+    module.def("set_weights", &setWeights, arg("blend_shape"), arg("weights"), arg("target") = -1,
+               "Sets a whole weight map from a dense float64 array, as one undoable change.");
+    module.def("get_vertex_order_map", &getVertexOrderMap, arg("mesh"),
+               "A mesh's vertex order map as an int32 array (-1: unmapped).");
+    module.def("set_vertex_order_map", &setVertexOrderMap, arg("mesh"), arg("order_map"),
+               "Stores a mesh's vertex order map from an int32 array, creating it when missing.");
+}
+
+} // namespace pytalven
