@@ -1,6 +1,7 @@
 #include "SceneArrays.h"
 
 #include "SceneNodes.h"
+#include "WeightStorage.h"
 
 #include "core/weights/WeightEdits.h"
 #include "plugin/common.h"
@@ -16,6 +17,7 @@
 #include <maya/MPointArray.h>
 
 #include <cmath>
+#include <numeric>
 #include <string>
 
 namespace py = pybind11;
@@ -177,36 +179,27 @@ void setTargetDeltas(const std::string& name, int target, const py::object& delt
 Doubles getWeights(const std::string& name, int target) {
     const MObject node = blendShapeNode(name);
     const unsigned int count = deformedVertexCount(node, name);
-    MPlug weights = weightMap(node, target, name);
+    const MPlug weights = weightMap(node, target, name);
     Doubles dense(static_cast<py::ssize_t>(count));
     double* out = dense.mutable_data();
     std::fill(out, out + count, 1.0);
-    MIntArray indices;
-    weights.getExistingArrayAttributeIndices(indices);
-    for (unsigned int k = 0; k < indices.length(); ++k)
-        if (indices[k] >= 0 && static_cast<unsigned int>(indices[k]) < count)
-            out[indices[k]] = weights.elementByPhysicalIndex(k).asDouble();
+    readWeightMap(weights, out, count);
     return dense;
 }
 
-// As the weight editing command sets a whole map: clear it, then write the elements it keeps.
+// As the weight editing command sets a whole map: the elements it keeps replace the map.
 void setWeights(const std::string& name, const py::object& value, int target) {
     const MObject node = blendShapeNode(name);
     const unsigned int count = deformedVertexCount(node, name);
-    MPlug weights = weightMap(node, target, name);
+    const MPlug weights = weightMap(node, target, name);
     const py::array array = checkedArray<double>(value, "weights", "float64", count, 0);
     const double* in = static_cast<const double*>(array.data());
     requireFinite(in, array.size(), "weights");
     std::vector<int> indices(count);
-    for (unsigned int v = 0; v < count; ++v) indices[v] = static_cast<int>(v);
+    std::iota(indices.begin(), indices.end(), 0);
     const core::WeightMap writes =
         core::weightsToSet(indices, std::vector<double>(in, in + count), target == -1);
-    recorded("talven.set_weights " + name, [&] {
-        common::deleteWeights(weights);
-        for (std::size_t k = 0; k < writes.size(); ++k)
-            weights.elementByLogicalIndex(static_cast<unsigned int>(writes.indices[k]))
-                .setDouble(writes.weights[k]);
-    });
+    recorded("talven.set_weights " + name, [&] { replaceWeightMap(weights, writes); });
 }
 
 Ints getVertexOrderMap(const std::string& name) {
