@@ -17,6 +17,7 @@
 #include <maya/MPointArray.h>
 
 #include <cmath>
+#include <limits>
 #include <numeric>
 #include <string>
 
@@ -162,8 +163,13 @@ void setTargetDeltas(const std::string& name, int target, const py::object& delt
     const py::array indexArray = checkedArray<std::int32_t>(components, "components", "int32", -1, 0);
     const py::array rows = checkedArray<double>(deltas, "deltas", "float64", indexArray.shape(0), 3);
     requireFinite(static_cast<const double*>(rows.data()), rows.size(), "deltas");
-    requireIndices(static_cast<const std::int32_t*>(indexArray.data()), indexArray.size(), 0,
-                   static_cast<int>(deformedVertexCount(node, name)), "components");
+    // A node that deforms no mesh yet puts no upper bound on the indices.
+    MStatus deforms;
+    const MObject shape = MFnGeometryFilter(node).outputShapeAtIndex(0, &deforms);
+    const int vertexLimit =
+        deforms && !shape.isNull() ? MFnMesh(shape).numVertices() : std::numeric_limits<int>::max();
+    requireIndices(static_cast<const std::int32_t*>(indexArray.data()), indexArray.size(), 0, vertexLimit,
+                   "components");
     const MPointArray points = pointsOf(rows);
     const MIntArray indices = intsOf(indexArray);
     MStatus status;
