@@ -1,5 +1,6 @@
 #include "SceneArrays.h"
 
+#include "ArrayConversion.h"
 #include "SceneNodes.h"
 #include "WeightStorage.h"
 
@@ -12,11 +13,8 @@
 #include <maya/MFnBlendShapeDeformer.h>
 #include <maya/MFnGeometryFilter.h>
 #include <maya/MFnMesh.h>
-#include <maya/MIntArray.h>
 #include <maya/MPlug.h>
-#include <maya/MPointArray.h>
 
-#include <cmath>
 #include <limits>
 #include <numeric>
 #include <string>
@@ -28,76 +26,6 @@ namespace pytalven {
 namespace {
 
 constexpr unsigned int fullWeightItem = 6000;
-
-using Doubles = py::array_t<double>;
-using Ints = py::array_t<std::int32_t>;
-
-// The array as given, or a TypeError/ValueError naming what is wrong: no conversions, so a
-// float32 or strided array is refused rather than silently copied.
-template <class T>
-py::array checkedArray(const py::object& value, const char* what, const char* dtypeName, py::ssize_t rows,
-                       py::ssize_t columns) {
-    if (!py::isinstance<py::array>(value))
-        throw py::type_error(std::string(what) + " must be a NumPy array, not " +
-                             py::str(py::type::handle_of(value).attr("__name__")).cast<std::string>());
-    py::array array = py::reinterpret_borrow<py::array>(value);
-    if (!array.dtype().is(py::dtype::of<T>()))
-        throw py::type_error(std::string(what) + " must have dtype " + dtypeName + ", not " +
-                             py::str(array.dtype()).cast<std::string>());
-    const py::ssize_t ndim = columns ? 2 : 1;
-    if (array.ndim() != ndim || (rows >= 0 && array.shape(0) != rows) ||
-        (columns && array.shape(1) != columns)) {
-        std::string expected = rows >= 0 ? std::to_string(rows) : std::string("N");
-        if (columns) expected += ", " + std::to_string(columns);
-        throw py::value_error(std::string(what) + " must have shape (" + expected + "), not " +
-                              py::str(py::tuple(array.attr("shape"))).cast<std::string>());
-    }
-    if (!(array.flags() & py::array::c_style))
-        throw py::value_error(std::string(what) + " must be C-contiguous (use numpy.ascontiguousarray)");
-    return array;
-}
-
-void requireFinite(const double* values, py::ssize_t count, const char* what) {
-    for (py::ssize_t k = 0; k < count; ++k)
-        if (!std::isfinite(values[k])) throw py::value_error(std::string(what) + " holds NaN or infinity");
-}
-
-void requireIndices(const std::int32_t* values, py::ssize_t count, int low, int high, const char* what) {
-    for (py::ssize_t k = 0; k < count; ++k)
-        if (values[k] < low || values[k] >= high)
-            throw py::value_error(std::string(what) + " holds " + std::to_string(values[k]) + ", outside " +
-                                  std::to_string(low) + " to " + std::to_string(high - 1));
-}
-
-Doubles pointRows(const MPointArray& points) {
-    Doubles rows({static_cast<py::ssize_t>(points.length()), py::ssize_t(3)});
-    double* out = rows.mutable_data();
-    for (unsigned int v = 0; v < points.length(); ++v) {
-        out[3 * v] = points[v].x;
-        out[3 * v + 1] = points[v].y;
-        out[3 * v + 2] = points[v].z;
-    }
-    return rows;
-}
-
-MPointArray pointsOf(const py::array& rows) {
-    const double* in = static_cast<const double*>(rows.data());
-    MPointArray points(static_cast<unsigned int>(rows.shape(0)));
-    for (unsigned int v = 0; v < points.length(); ++v)
-        points[v] = MPoint(in[3 * v], in[3 * v + 1], in[3 * v + 2]);
-    return points;
-}
-
-Ints intArray(const MIntArray& values) {
-    Ints array(static_cast<py::ssize_t>(values.length()));
-    std::int32_t* out = array.mutable_data();
-    for (unsigned int k = 0; k < values.length(); ++k) out[k] = values[k];
-    return array;
-}
-
-MIntArray intsOf(const py::array& array) {
-    return MIntArray(static_cast<const int*>(array.data()), static_cast<unsigned int>(array.shape(0)));
-}
 
 // One undo entry for what the write changes, as a command run at the top leaves.
 template <class Write> void recorded(const std::string& name, Write write) {
@@ -138,7 +66,8 @@ Doubles getPoints(const std::string& name) {
 
 void setPoints(const std::string& name, const py::object& value) {
     const MDagPath mesh = meshPath(name);
-    const py::array rows = checkedArray<double>(value, "points", "float64", vertexCount(mesh), 3);
+    const py::array rows =
+        checkedArray(py::dtype::of<double>(), value, "points", "float64", vertexCount(mesh), 3);
     requireFinite(static_cast<const double*>(rows.data()), rows.size(), "points");
     MPointArray points = pointsOf(rows);
     recorded("talven.set_points " + name, [&] { MFnMesh(mesh).setPoints(points, MSpace::kObject); });
@@ -160,8 +89,10 @@ void setTargetDeltas(const std::string& name, int target, const py::object& delt
                      const py::object& components, unsigned int item) {
     const MObject node = blendShapeNode(name);
     requireTarget(node, target, name);
-    const py::array indexArray = checkedArray<std::int32_t>(components, "components", "int32", -1, 0);
-    const py::array rows = checkedArray<double>(deltas, "deltas", "float64", indexArray.shape(0), 3);
+    const py::array indexArray =
+        checkedArray(py::dtype::of<std::int32_t>(), components, "components", "int32", -1, 0);
+    const py::array rows =
+        checkedArray(py::dtype::of<double>(), deltas, "deltas", "float64", indexArray.shape(0), 3);
     requireFinite(static_cast<const double*>(rows.data()), rows.size(), "deltas");
     // A node that deforms no mesh yet puts no upper bound on the indices.
     MStatus deforms;
@@ -198,7 +129,7 @@ void setWeights(const std::string& name, const py::object& value, int target) {
     const MObject node = blendShapeNode(name);
     const unsigned int count = deformedVertexCount(node, name);
     const MPlug weights = weightMap(node, target, name);
-    const py::array array = checkedArray<double>(value, "weights", "float64", count, 0);
+    const py::array array = checkedArray(py::dtype::of<double>(), value, "weights", "float64", count, 0);
     const double* in = static_cast<const double*>(array.data());
     requireFinite(in, array.size(), "weights");
     std::vector<int> indices(count);
@@ -218,7 +149,8 @@ Ints getVertexOrderMap(const std::string& name) {
 void setVertexOrderMap(const std::string& name, const py::object& value) {
     const MDagPath mesh = meshPath(name);
     const int count = static_cast<int>(vertexCount(mesh));
-    const py::array array = checkedArray<std::int32_t>(value, "order map", "int32", count, 0);
+    const py::array array =
+        checkedArray(py::dtype::of<std::int32_t>(), value, "order map", "int32", count, 0);
     requireIndices(static_cast<const std::int32_t*>(array.data()), array.size(), -1, count, "order map");
     const MIntArray map = intsOf(array);
     recorded("talven.set_vertex_order_map " + name, [&] {
