@@ -16,6 +16,7 @@ build-asan: bootstrap
 
 demo: build
 	./build/dev/app/talven examples/quickstart.mel
+	./build/dev/app/talven examples/quickstart.py
 	./build/dev/app/talven examples/rig.mel
 
 test: build

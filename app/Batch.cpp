@@ -1,5 +1,7 @@
 #include "Batch.h"
 
+#include "PythonScript.h"
+
 #include "lang/Tokenizer.h"
 
 #include <cerrno>
@@ -95,6 +97,13 @@ bool inputsReadable(const std::vector<Input>& inputs) {
 int runBatch(const std::vector<Input>& inputs, host::Interpreter& interpreter, Reporter& reporter) {
     bool allOk = true;
     for (const Input& input : inputs) {
+        if (input.kind == Input::Kind::Python) {
+            const bool ok = runPythonScript(input.text, input.arguments);
+            allOk = allOk && ok;
+            if (ok || !interpreter.stopOnError()) continue;
+            std::cerr << "talven: stopped after " << input.text << " failed\n";
+            return exitCommandFailed;
+        }
         std::string text;
         std::string error;
         const bool streamed = input.kind == Input::Kind::Script && input.text == standardInput;

@@ -7,11 +7,20 @@ namespace app {
 
 namespace {
 
-bool isSceneFile(std::string_view path) {
-    if (path.size() < 3) return false;
-    const std::string_view suffix = path.substr(path.size() - 3);
-    return suffix[0] == '.' && std::tolower(static_cast<unsigned char>(suffix[1])) == 'm' &&
-           std::tolower(static_cast<unsigned char>(suffix[2])) == 'a';
+// Whether the path ends in '.' and `extension` (lower case), in any case.
+bool hasExtension(std::string_view path, std::string_view extension) {
+    if (path.size() <= extension.size()) return false;
+    const std::string_view suffix = path.substr(path.size() - extension.size() - 1);
+    if (suffix[0] != '.') return false;
+    for (std::size_t k = 0; k < extension.size(); ++k)
+        if (std::tolower(static_cast<unsigned char>(suffix[k + 1])) != extension[k]) return false;
+    return true;
+}
+
+Input::Kind inputKind(std::string_view path) {
+    if (hasExtension(path, "ma")) return Input::Kind::Scene;
+    if (hasExtension(path, "py")) return Input::Kind::Python;
+    return Input::Kind::Script;
 }
 
 } // namespace
@@ -21,8 +30,13 @@ bool parseOptions(int argc, const char* const* argv, Options& options, std::stri
     for (int i = 1; i < argc; ++i) {
         const std::string_view arg = argv[i];
         if (optionsEnded || arg.size() < 2 || arg[0] != '-') {
-            const auto kind = isSceneFile(arg) ? Input::Kind::Scene : Input::Kind::Script;
-            options.inputs.push_back({kind, std::string(arg)});
+            const Input::Kind kind = inputKind(arg);
+            // A Python script given first takes every following argument, as python does.
+            if (kind == Input::Kind::Python && options.inputs.empty()) {
+                options.inputs.push_back({kind, std::string(arg), {argv + i + 1, argv + argc}});
+                return true;
+            }
+            options.inputs.push_back({kind, std::string(arg), {}});
         } else if (arg == "--") {
             optionsEnded = true;
         } else if (arg == "-h" || arg == "--help") {
@@ -38,7 +52,7 @@ bool parseOptions(int argc, const char* const* argv, Options& options, std::stri
                 error = "-c needs the commands to run, e.g. -c \"ls -type mesh\"";
                 return false;
             }
-            options.inputs.push_back({Input::Kind::Commands, argv[i]});
+            options.inputs.push_back({Input::Kind::Commands, argv[i], {}});
         } else {
             error = "unknown option " + std::string(arg) + " (see talven --help)";
             return false;
@@ -55,6 +69,8 @@ Usage:
 
 Inputs run in the order given:
   scene.ma          a Maya ASCII scene, opened as by  file -f -o "scene.ma"
+  script.py         a Python script, run with the talven module imported and sys.argv set; given
+                    first, it takes every following argument as its sys.argv (talven script.py a b)
   script.mel        any other file: a script of commands, run statement by statement
   -c "commands"     command text given on the command line
   -                 a script read from standard input, each statement run as soon as it is complete
@@ -96,6 +112,8 @@ Exit status:
 Examples:
   talven face.ma -c "kv_getBlendShapeIndices blendShape1"
   talven face.ma fix_weights.mel -c "file -s"
+  talven face.ma fix_weights.py -c "file -s"
+  talven export_weights.py face.ma weights.npy
   talven --json --keep-going face.ma checks.mel > report.jsonl
   echo "polyCube; ls -type mesh;" | talven
 )";

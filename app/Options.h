@@ -8,9 +8,10 @@ namespace app {
 enum ExitCode { exitSuccess = 0, exitCommandFailed = 1, exitUsage = 2 };
 
 struct Input {
-    enum class Kind { Scene, Script, Commands };
+    enum class Kind { Scene, Script, Commands, Python };
     Kind kind;
-    std::string text; // a path, or command text for -c
+    std::string text;                   // a path, or command text for -c
+    std::vector<std::string> arguments; // a Python script's sys.argv after its own path
 };
 
 struct Options {

@@ -25,7 +25,7 @@ int main(int argc, char** argv) {
         return app::exitSuccess;
     }
     const bool interactive = options.inputs.empty() && isatty(STDIN_FILENO);
-    if (options.inputs.empty() && !interactive) options.inputs.push_back({app::Input::Kind::Script, "-"});
+    if (options.inputs.empty() && !interactive) options.inputs.push_back({app::Input::Kind::Script, "-", {}});
     if (!app::inputsReadable(options.inputs)) return app::exitUsage;
 
     // The process-wide table, log and interpreter: the plug-in and MGlobal use the same ones.

@@ -3,7 +3,8 @@
 set -euo pipefail
 packages=(build-essential cmake ninja-build ccache clang libclang-rt-14-dev
           libgtest-dev libgmock-dev libbenchmark-dev libtbb-dev libembree-dev
-          libtinyobjloader-dev libedit-dev)
+          libtinyobjloader-dev libedit-dev pybind11-dev python3-dev python3-numpy
+          python3-pytest)
 missing=()
 for p in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

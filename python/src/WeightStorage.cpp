@@ -1,0 +1,66 @@
+#include "WeightStorage.h"
+
+#include "engine/Scene.h"
+
+#include <maya/MIntArray.h>
+
+namespace pytalven {
+
+namespace {
+
+bool connectedBelow(const host::Plug& array) {
+    for (const host::Connection& connection : host::scene().connectionsOf(*array.node())) {
+        const host::Plug& destination = connection.destination;
+        if (destination.node() != array.node() || destination.attr() != array.attr()) continue;
+        if (destination == array || destination.array() == array) return true;
+    }
+    return false;
+}
+
+// One element value as the plug would give it: the attribute's default when unset.
+double storedNumber(const host::Plug& array, const host::Slot& element) {
+    return host::valueAsDouble(element.value.index() != 0 ? element.value : array.attr()->defaultValue);
+}
+
+void readThroughPlugs(MPlug weights, double* dense, unsigned int size) {
+    MIntArray indices;
+    weights.getExistingArrayAttributeIndices(indices);
+    for (unsigned int k = 0; k < indices.length(); ++k)
+        if (indices[k] >= 0 && static_cast<unsigned int>(indices[k]) < size)
+            dense[indices[k]] = weights.elementByPhysicalIndex(k).asDouble();
+}
+
+} // namespace
+
+void readWeightMap(const MPlug& weights, double* dense, unsigned int size) {
+    const host::Plug* array = weights.hostPlug().get();
+    if (!array || !array->isArray()) return;
+    if (connectedBelow(*array)) return readThroughPlugs(weights, dense, size);
+    const host::Slot* slot = array->slot();
+    if (!slot || !slot->elements) return;
+    const host::SparseArray<host::Slot>& elements = *slot->elements;
+    for (std::size_t position = 0; position < elements.size(); ++position) {
+        const uint32_t index = elements.keyAt(position);
+        if (index < size) dense[index] = storedNumber(*array, elements.valueAt(position));
+    }
+}
+
+void replaceWeightMap(const MPlug& weights, const core::WeightMap& writes) {
+    const host::Plug* array = weights.hostPlug().get();
+    if (!array || !array->isArray()) return;
+    host::Slot* slot = array->slotForWrite();
+    if (!slot) return;
+    host::SparseArray<host::Slot>& elements = slot->elementSlots();
+    elements.clear();
+    // Weight maps are single precision: stored as a float plug write stores them.
+    const bool single = array->attr()->type == host::AttrType::Float;
+    for (std::size_t k = 0; k < writes.size(); ++k) {
+        if (writes.indices[k] < 0) continue;
+        const double weight =
+            single ? static_cast<double>(static_cast<float>(writes.weights[k])) : writes.weights[k];
+        elements.obtain(static_cast<uint32_t>(writes.indices[k])).value = weight;
+    }
+    array->node()->touch();
+}
+
+} // namespace pytalven
