@@ -3,10 +3,8 @@
 #include "vertexOrderMap.h"
 
 #include <maya/MFloatPointArray.h>
-#include <maya/MFnDependencyNode.h>
 #include <maya/MFnMesh.h>
 #include <maya/MFnTransform.h>
-#include <maya/MGlobal.h>
 #include <maya/MMatrix.h>
 #include <maya/MMeshIntersector.h>
 #include <maya/MPlug.h>
@@ -47,7 +45,6 @@ MIntArray getMirroredMeshIndices(const MString& axis, const MDagPath& meshPath, 
     MStatus status;
     MDagPath mesh(meshPath);
     if (mesh.node().hasFn(MFn::kTransform) && !mesh.extendToShape()) return partners;
-    const MMatrix reflection = reflectionMatrix(axis);
 
     MDagPath parentPath(mesh);
     parentPath.pop();
@@ -56,51 +53,43 @@ MIntArray getMirroredMeshIndices(const MString& axis, const MDagPath& meshPath, 
 
     MFnMesh meshFn(mesh, &status);
     if (!status) return partners;
-    MObject parent = parentPath.node();
-    MFnMesh copyFn;
-    MObject copy = copyFn.copy(mesh.node(), parent, &status);
-    if (!status) return partners;
-    copyFn.setObject(copy);
-    MFnDependencyNode(copy).findPlug("intermediateObject", false).setValue(true);
-
     MFloatPointArray points;
-    meshFn.getPoints(points, MSpace::kObject);
-    MFloatPointArray mirrored(points.length());
-    for (unsigned int i = 0; i < points.length(); ++i) mirrored[i].setCast(MPoint(points[i]) * reflection);
-    copyFn.setPoints(mirrored, MSpace::kObject);
-
     MIntArray counts, connects;
-    copyFn.getVertices(counts, connects);
+    if (!meshFn.getPoints(points, MSpace::kObject) || !meshFn.getVertices(counts, connects)) return partners;
     const std::vector<unsigned int> offsets = faceOffsets(counts);
 
+    // The intersector sees the mesh reflected across the axis plane; negating a coordinate is exact,
+    // so the reflected points below equal the ones it indexes without a mirrored copy of the mesh.
+    MObject shape = mesh.node();
     MMeshIntersector intersector;
-    status = intersector.create(copy, MMatrix::identity);
-    if (status) {
-        const float inverseScale = static_cast<float>(1.0 / ((scale[0] + scale[1] + scale[2]) / 3.0));
-        const float scaledTolerance = inverseScale * tolerance;
-        const double toleranceSquared = static_cast<double>(scaledTolerance) * scaledTolerance;
-        const double maxDistance = std::numeric_limits<double>::max();
-        MPointOnMesh onMesh;
-        for (unsigned int k = 0; k < sources.length(); ++k) {
-            const int s = sources[k];
-            if (s < 0 || static_cast<unsigned int>(s) >= points.length()) continue;
-            const MPoint p(points[static_cast<unsigned int>(s)]);
-            if (!intersector.getClosestPoint(p, onMesh, maxDistance)) continue;
-            const int face = onMesh.faceIndex();
-            if (face < 0 || static_cast<unsigned int>(face) >= counts.length()) continue;
-            for (unsigned int c = offsets[face]; c < offsets[face + 1] && c < connects.length(); ++c) {
-                const int v = connects[c];
-                if (v < 0 || static_cast<unsigned int>(v) >= mirrored.length()) continue;
-                const MFloatPoint& q = mirrored[static_cast<unsigned int>(v)];
-                const double dx = p.x - q.x, dy = p.y - q.y, dz = p.z - q.z;
-                if (toleranceSquared > dx * dx + dy * dy + dz * dz) {
-                    partners.append(v);
-                    break;
-                }
+    if (!intersector.create(shape, reflectionMatrix(axis))) return partners;
+    // Any other axis string reflects nothing, as its identity matrix does.
+    const unsigned int axisIndex = axis == "x" ? 0 : axis == "y" ? 1 : axis == "z" ? 2 : 3;
+    const float inverseScale = static_cast<float>(1.0 / ((scale[0] + scale[1] + scale[2]) / 3.0));
+    const float scaledTolerance = inverseScale * tolerance;
+    const double toleranceSquared = static_cast<double>(scaledTolerance) * scaledTolerance;
+    const double maxDistance = std::numeric_limits<double>::max();
+    MPointOnMesh onMesh;
+    for (unsigned int k = 0; k < sources.length(); ++k) {
+        const int s = sources[k];
+        if (s < 0 || static_cast<unsigned int>(s) >= points.length()) continue;
+        const MPoint p(points[static_cast<unsigned int>(s)]);
+        if (!intersector.getClosestPoint(p, onMesh, maxDistance)) continue;
+        const int face = onMesh.faceIndex();
+        if (face < 0 || static_cast<unsigned int>(face) >= counts.length()) continue;
+        for (unsigned int c = offsets[face]; c < offsets[face + 1] && c < connects.length(); ++c) {
+            const int v = connects[c];
+            if (v < 0 || static_cast<unsigned int>(v) >= points.length()) continue;
+            const MFloatPoint& q = points[static_cast<unsigned int>(v)];
+            const float reflected[3] = {axisIndex == 0 ? -q.x : q.x, axisIndex == 1 ? -q.y : q.y,
+                                        axisIndex == 2 ? -q.z : q.z};
+            const double dx = p.x - reflected[0], dy = p.y - reflected[1], dz = p.z - reflected[2];
+            if (toleranceSquared > dx * dx + dy * dy + dz * dz) {
+                partners.append(v);
+                break;
             }
         }
     }
-    MGlobal::deleteNode(copy);
     return partners;
 }
 

@@ -205,26 +205,14 @@ MStatus polySymmetry::checkSymmetry() {
     MFnTransform(parentPath).getScale(scale);
     const double scaledTolerance = tolerance / ((scale[0] + scale[1] + scale[2]) / 3.0);
 
-    // The mirrored copy that the partners are searched on.
-    MFnMesh meshFn(meshPath);
-    MFnMesh copyFn;
-    MObject copy = copyFn.copy(meshPath.node(), parentPath.node(), &status);
-    if (!status) return status;
-    copyFn.setObject(copy);
-    MFnDependencyNode(copy).findPlug("intermediateObject", false).setValue(true);
+    // The partners are searched on the mesh as reflected across the axis plane.
     double mirror[3] = {1.0, 1.0, 1.0};
     mirror[axisIndex] = -1.0;
     MTransformationMatrix transformation;
     transformation.setScale(mirror, MSpace::kTransform);
-    const MMatrix matrix = transformation.asMatrix();
-    MPointArray mirrored;
-    meshFn.getPoints(mirrored, MSpace::kObject);
-    for (unsigned int v = 0; v < mirrored.length(); ++v) mirrored[v] = mirrored[v] * matrix;
-    copyFn.setPoints(mirrored, MSpace::kObject);
-    common::ClosestFaceSearch closestFace(copy);
+    common::ClosestFaceSearch closestFace(meshPath.node(), transformation.asMatrix());
     if (!closestFace.create()) {
         MGlobal::displayError("Failed to create intersector.");
-        MGlobal::deleteNode(copy);
         return MS::kFailure;
     }
 
@@ -232,7 +220,6 @@ MStatus polySymmetry::checkSymmetry() {
     if (addToMap && hasMap) {
         const MIntArray stored = common::readVertexOrderMap(plug);
         if (stored.length() != static_cast<unsigned int>(numVertices)) {
-            MGlobal::deleteNode(copy);
             setResult(-1);
             MGlobal::displayError("Unable to extend the order mapping because the vertex count has changed.");
             return MS::kFailure;
@@ -248,7 +235,6 @@ MStatus polySymmetry::checkSymmetry() {
         if (!hasMap) status = common::createVertexOrderMap(meshPath, plug);
         if (status) common::writeVertexOrderMap(plug, common::toIntArray(map));
     }
-    MGlobal::deleteNode(copy);
 
     if (check.asymmetrical.empty()) {
         setResult(1);

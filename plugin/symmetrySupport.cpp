@@ -78,8 +78,8 @@ MStatus readMeshTopology(const MDagPath& mesh, core::MeshTopology& topology, std
     status = meshFn.getPoints(positions, MSpace::kObject);
     if (!status) return status;
     std::vector<int> faceCounts(counts.length()), faceConnects(connects.length());
-    for (unsigned int i = 0; i < counts.length(); ++i) faceCounts[i] = counts[i];
-    for (unsigned int i = 0; i < connects.length(); ++i) faceConnects[i] = connects[i];
+    if (counts.length()) counts.get(faceCounts.data());
+    if (connects.length()) connects.get(faceConnects.data());
     const std::string problem =
         topology.build(static_cast<int>(positions.length()), faceCounts, faceConnects);
     if (!problem.empty()) {
@@ -96,7 +96,7 @@ MStatus ClosestFaceSearch::create() {
     if (intersector_) return MS::kSuccess;
     if (failed_) return MS::kFailure;
     intersector_.reset(new MMeshIntersector());
-    if (!intersector_->create(mesh_, MMatrix::identity)) {
+    if (!intersector_->create(mesh_, matrix_)) {
         intersector_.reset();
         failed_ = true;
         return MS::kFailure;

@@ -8,6 +8,7 @@
 #include <maya/MArgDatabase.h>
 #include <maya/MDagPath.h>
 #include <maya/MIntArray.h>
+#include <maya/MMatrix.h>
 #include <maya/MMeshIntersector.h>
 #include <maya/MObject.h>
 #include <maya/MSelectionList.h>
@@ -39,10 +40,12 @@ MStatus getMeshObject(const MSelectionList& list, unsigned int index, MDagPath& 
 // The mesh's topology and its object-space points (x, y, z per vertex, from single precision).
 MStatus readMeshTopology(const MDagPath& mesh, core::MeshTopology& topology, std::vector<double>& points);
 
-// The face of `mesh` nearest to a point, searched with an intersector built on first use.
+// The face of `mesh`, moved by `matrix`, nearest to a point, searched with an intersector built on
+// first use.
 class ClosestFaceSearch {
 public:
-    explicit ClosestFaceSearch(const MObject& mesh) : mesh_(mesh) {}
+    explicit ClosestFaceSearch(const MObject& mesh, const MMatrix& matrix = MMatrix::identity)
+        : mesh_(mesh), matrix_(matrix) {}
     // -1 when the intersector cannot be built or the search fails.
     int operator()(const std::array<double, 3>& point);
     // Builds the intersector now; failure when it cannot be built.
@@ -50,6 +53,7 @@ public:
 
 private:
     MObject mesh_;
+    MMatrix matrix_;
     std::unique_ptr<MMeshIntersector> intersector_;
     bool failed_ = false;
 };

@@ -61,5 +61,5 @@ public:
     MStatus getClosestPoint(const MPoint& point, MPointOnMesh& meshPoint, double maxDistance = DBL_MAX) const;
 
 private:
-    std::shared_ptr<host::ClosestPointIndex> index_;
+    std::shared_ptr<const host::ClosestPointIndex> index_;
 };

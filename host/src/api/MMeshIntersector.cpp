@@ -4,7 +4,7 @@
 
 #include "api/MeshAccess.h"
 #include "api/ObjectRef.h"
-#include "mesh/ClosestPointIndex.h"
+#include "mesh/ClosestPointCache.h"
 
 MMeshIntersector::MMeshIntersector(void) = default;
 MMeshIntersector::~MMeshIntersector(void) = default;
@@ -22,20 +22,9 @@ MStatus MMeshIntersector::create(MObject& meshObject, const MMatrix& matrix,
     std::shared_ptr<const host::MeshData> mesh = host::readMesh(object);
     if (!mesh) return MS::kInvalidParameter;
 
-    host::ClosestPointMesh input;
-    input.points = mesh->points.data();
-    input.numPoints = mesh->points.size();
-    input.faceCounts = mesh->faceCounts.data();
-    input.numFaces = mesh->faceCounts.size();
-    input.faceConnects = mesh->faceConnects.data();
-    input.numConnects = mesh->faceConnects.size();
-    if (!(matrix == MMatrix::identity)) input.matrix = matrix.matrix;
-    if (facesOfInterest) {
-        input.faces = facesOfInterest->vec().data();
-        input.numSelectedFaces = facesOfInterest->length();
-    }
     // A mesh without usable faces still makes an intersector; its queries find nothing.
-    index_ = std::make_shared<host::ClosestPointIndex>(input);
+    index_ = host::closestPointIndexOf(mesh, matrix == MMatrix::identity ? nullptr : matrix.matrix,
+                                       facesOfInterest ? &facesOfInterest->vec() : nullptr);
     return MS::kSuccess;
 }
 
