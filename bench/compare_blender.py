@@ -226,11 +226,11 @@ def weightMirror(label, co, counts, loops, objPath, partner, topology):
     n = len(co)
     weights = hashed(n, 1.0)
     side = co[:, 0] < 0 if not topology else base_co[label][:, 0] < 0
-    obj = makeObject(co, counts, loops)
-    group = blenderWeights(obj, weights)
     times = []
     for _ in range(REPS):
-        blenderWeights(obj, weights)
+        # A fresh object each time: Blender keeps its topology mirror table between calls on a mesh.
+        obj = makeObject(co, counts, loops)
+        group = blenderWeights(obj, weights)
         times.append(cpuOf(lambda: bpy.ops.object.vertex_group_mirror(
             mirror_weights=True, flip_group_names=False, all_groups=False, use_topology=topology)))
     blenderShare = share(readGroup(group, n), weights, partner, side, 1e-5)
@@ -283,11 +283,11 @@ def targetMirror(label, co, counts, loops, objPath, partner):
 
 
 def sceneFiles(label, co, counts, loops, objPath):
-    blend = os.path.join(WORK, "scene.blend")
+    blend = os.path.join(WORK, "scene0.blend")
     ma = os.path.join(WORK, "scene.ma")
     makeObject(co, counts, loops)
     save = statistics.median(cpuOf(lambda: bpy.ops.wm.save_as_mainfile(filepath=blend, compress=False))
-                             for _ in range(REPS))
+                             for blend in [os.path.join(WORK, "scene%d.blend" % k) for k in range(REPS)])
     reopen = statistics.median(cpuOf(lambda: bpy.ops.wm.open_mainfile(filepath=blend)) for _ in range(REPS))
     clearScene()
     imp = []
