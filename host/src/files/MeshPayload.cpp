@@ -4,20 +4,18 @@
 #include "files/HugePages.h"
 #include "files/MeshStatements.h"
 
-#include <array>
-
 namespace host {
 
 namespace {
 
-constexpr std::array<bool, 256> charTable(std::string_view members) {
-    std::array<bool, 256> table{};
-    for (char c : members) table[static_cast<unsigned char>(c)] = true;
-    return table;
+bool isBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v';
 }
 
-constexpr std::array<bool, 256> blanks = charTable(" \t\n\r\f\v");
-constexpr std::array<bool, 256> numberChars = charTable("0123456789+-.eE");
+// The characters of a number; a word with any other is left to the general reader.
+bool isNumberChar(char c) {
+    return (c >= '0' && c <= '9') || c == '+' || c == '-' || c == '.' || c == 'e' || c == 'E';
+}
 
 // A cursor over the statement text that gives up (returns false) at anything outside the plain form.
 class Scanner {
@@ -30,7 +28,7 @@ public:
     std::size_t wordsLeft() const { return (text_.size() - pos_) / 2 + 1; }
 
     void skipBlanks() {
-        while (pos_ < text_.size() && blanks[static_cast<unsigned char>(text_[pos_])]) ++pos_;
+        while (pos_ < text_.size() && isBlank(text_[pos_])) ++pos_;
     }
 
     bool atEnd() {
@@ -42,8 +40,7 @@ public:
     std::string_view word() {
         skipBlanks();
         const std::size_t begin = pos_;
-        while (pos_ < text_.size() && !blanks[static_cast<unsigned char>(text_[pos_])] && text_[pos_] != ';')
-            ++pos_;
+        while (pos_ < text_.size() && !isBlank(text_[pos_]) && text_[pos_] != ';') ++pos_;
         return text_.substr(begin, pos_ - begin);
     }
 
@@ -55,20 +52,20 @@ public:
         if (close == std::string_view::npos || text_[close] != '"') return false;
         out = text_.substr(pos_ + 1, close - pos_ - 1);
         pos_ = close + 1;
-        return pos_ < text_.size() && (blanks[static_cast<unsigned char>(text_[pos_])] || text_[pos_] == ';');
+        return pos_ < text_.size() && (isBlank(text_[pos_]) || text_[pos_] == ';');
     }
 
     bool number(double& out) {
         const std::string_view w = word();
         for (char c : w)
-            if (!numberChars[static_cast<unsigned char>(c)]) return false;
+            if (!isNumberChar(c)) return false;
         return numberFromText(w, out);
     }
 
     bool integer(int& out) {
         const std::string_view w = word();
         for (char c : w)
-            if (!numberChars[static_cast<unsigned char>(c)]) return false;
+            if (!isNumberChar(c)) return false;
         return integerFromText(w, out);
     }
 
