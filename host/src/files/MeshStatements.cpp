@@ -10,31 +10,24 @@ namespace host {
 
 namespace {
 
-enum class Array { Points, Edges, Faces };
-
-struct Target {
-    Array array = Array::Points;
-    uint32_t first = 0;
-    std::size_t count = 0;
-};
-
 bool readIndex(std::string_view text, uint32_t& out) {
     const auto [ptr, ec] = std::from_chars(text.data(), text.data() + text.size(), out);
     return ec == std::errc() && ptr == text.data() + text.size() && out < 0x7FFFFFFFu;
 }
 
-// ".vt[0:7]", ".ed[3]", ".fc[0:5]" and their long names.
-bool parseTarget(std::string_view text, Target& out) {
+} // namespace
+
+bool parseMeshTarget(std::string_view text, MeshTarget& out) {
     if (text.size() < 2 || text[0] != '.' || text.back() != ']') return false;
     const std::size_t open = text.find('[');
     if (open == std::string_view::npos) return false;
     const std::string_view name = text.substr(1, open - 1);
     if (name == "vt" || name == "vrts")
-        out.array = Array::Points;
+        out.array = MeshArray::Points;
     else if (name == "ed" || name == "edge")
-        out.array = Array::Edges;
+        out.array = MeshArray::Edges;
     else if (name == "fc" || name == "face")
-        out.array = Array::Faces;
+        out.array = MeshArray::Faces;
     else
         return false;
     const std::string_view inside = text.substr(open + 1, text.size() - open - 2);
@@ -48,6 +41,8 @@ bool parseTarget(std::string_view text, Target& out) {
     out.count = static_cast<std::size_t>(last - out.first) + 1;
     return true;
 }
+
+namespace {
 
 std::string countText(const char* what, std::size_t expected, std::size_t found) {
     return std::string(what) + " data provided (expected " + std::to_string(expected) + ", found " +
@@ -142,6 +137,34 @@ void keepRecords(std::vector<std::string>& records, uint32_t first, std::vector<
 
 } // namespace
 
+bool writeMeshNumbers(Node& shape, NodeFileInfo& info, const MeshTarget& target,
+                      const std::vector<double>& numbers, std::string& error) {
+    if (target.array == MeshArray::Points)
+        return writeMeshPoints(shape, target.first, target.count, 0, 3, numbers, error);
+    if (!writeMeshEdges(shape, target.first, target.count, 0, 3, numbers, error)) return false;
+    if (info.edgeFlags.size() < target.first + target.count)
+        info.edgeFlags.resize(target.first + target.count, 1);
+    for (std::size_t k = 0; k < target.count; ++k)
+        info.edgeFlags[target.first + k] = numbers[3 * k + 2] != 0.0 ? 1 : 0;
+    return true;
+}
+
+bool writeMeshFaceList(Node& shape, NodeFileInfo& info, const MeshTarget& target,
+                       const std::vector<std::vector<int>>& loops, std::vector<std::string>& records,
+                       std::string& error) {
+    if (loops.size() != target.count) {
+        error =
+            countText(loops.size() < target.count ? "not enough" : "too much", target.count, loops.size());
+        return false;
+    }
+    std::vector<const std::vector<int>*> pointers;
+    pointers.reserve(loops.size());
+    for (const auto& loop : loops) pointers.push_back(&loop);
+    if (!writeMeshFaces(shape, target.first, pointers, error)) return false;
+    keepRecords(records, target.first, info.faceRecords);
+    return true;
+}
+
 MeshStatement readMeshStatement(const Statement& statement, Node& shape, NodeFileInfo& info,
                                 std::string& error) {
     if (statement.command != "setAttr" || !shape.type().isA("mesh")) return MeshStatement::Other;
@@ -164,39 +187,23 @@ MeshStatement readMeshStatement(const Statement& statement, Node& shape, NodeFil
         if (++i == statement.args.size()) return MeshStatement::Other;
         if (flag == "-type" || flag == "-typ") typeName = statement.args[i].text;
     }
-    Target target;
-    if (!plug || !parseTarget(plug->text, target)) return MeshStatement::Other;
-    const bool faces = target.array == Array::Faces;
+    MeshTarget target;
+    if (!plug || !parseMeshTarget(plug->text, target)) return MeshStatement::Other;
+    const bool faces = target.array == MeshArray::Faces;
     if (faces ? typeName != "polyFaces" : !typeName.empty()) return MeshStatement::Other;
     if (faces) {
         std::vector<std::vector<int>> loops;
         std::vector<std::string> records;
-        if (!readFaces(values, loops, records, error)) return MeshStatement::Failed;
-        if (loops.size() != target.count) {
-            error = countText(loops.size() < target.count ? "not enough" : "too much", target.count,
-                              loops.size());
-            return MeshStatement::Failed;
-        }
-        std::vector<const std::vector<int>*> pointers;
-        pointers.reserve(loops.size());
-        for (const auto& loop : loops) pointers.push_back(&loop);
-        if (!writeMeshFaces(shape, target.first, pointers, error)) return MeshStatement::Failed;
-        keepRecords(records, target.first, info.faceRecords);
-        return MeshStatement::Read;
-    }
-    std::vector<double> numbers;
-    if (!readNumbers(values, 3 * target.count, numbers, error)) return MeshStatement::Failed;
-    if (target.array == Array::Points)
-        return writeMeshPoints(shape, target.first, target.count, 0, 3, numbers, error)
+        return readFaces(values, loops, records, error) &&
+                       writeMeshFaceList(shape, info, target, loops, records, error)
                    ? MeshStatement::Read
                    : MeshStatement::Failed;
-    if (!writeMeshEdges(shape, target.first, target.count, 0, 3, numbers, error))
-        return MeshStatement::Failed;
-    if (info.edgeFlags.size() < target.first + target.count)
-        info.edgeFlags.resize(target.first + target.count, 1);
-    for (std::size_t k = 0; k < target.count; ++k)
-        info.edgeFlags[target.first + k] = numbers[3 * k + 2] != 0.0 ? 1 : 0;
-    return MeshStatement::Read;
+    }
+    std::vector<double> numbers;
+    return readNumbers(values, 3 * target.count, numbers, error) &&
+                   writeMeshNumbers(shape, info, target, numbers, error)
+               ? MeshStatement::Read
+               : MeshStatement::Failed;
 }
 
 } // namespace host

@@ -1,5 +1,6 @@
 #include "files/MeshWriter.h"
 
+#include "files/HugePages.h"
 #include "files/MaText.h"
 #include "files/MeshColorSets.h"
 #include "files/SceneFileStore.h"
@@ -78,11 +79,25 @@ void appendFaces(const MeshData& mesh, const core::MeshTopology& topology, const
     out += ";\n";
 }
 
+// At least as long as the text of the points, edges and faces (a float takes at most 15 characters,
+// an index 11, each with its blank; every line break adds three), so the scene text that holds
+// them is not copied over and over as it grows. Capacity never written costs no memory.
+std::size_t geometryTextBound(const MeshData& mesh, const NodeFileInfo* info) {
+    const std::size_t corners = mesh.faceConnects.size();
+    std::size_t records = 0;
+    if (info)
+        for (const std::string& r : info->faceRecords) records += r.size() + 4;
+    return mesh.points.size() * 3 * 17 + corners * 3 * 14 + mesh.faceCounts.size() * 20 + corners * 14 +
+           records + 256;
+}
+
 } // namespace
 
 bool appendMeshGeometry(const Node& shape, const NodeFileInfo* info, std::string& out, std::string& problem) {
     const MeshData* mesh = shape.mesh().get();
     if (!mesh) return true;
+    out.reserve(out.size() + geometryTextBound(*mesh, info));
+    preferHugePages(out.data() + out.size(), out.capacity() - out.size());
     appendPoints(*mesh, out);
     if (mesh->faceCounts.empty() && mesh->edges.empty()) return true;
     if (!mesh->topologyError().empty()) {

@@ -2,6 +2,7 @@
 
 #include "files/MaText.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -15,9 +16,9 @@ bool isBlank(char c) {
     return c == ' ' || c == '\t' || c == '\r' || c == '\f' || c == '\v';
 }
 
-// The words of one line, up to a '#' comment.
-std::vector<std::string_view> wordsOf(std::string_view line) {
-    std::vector<std::string_view> words;
+// The words of one line, up to a '#' comment, into `words` (reused from line to line).
+void wordsOf(std::string_view line, std::vector<std::string_view>& words) {
+    words.clear();
     const std::size_t hash = line.find('#');
     if (hash != std::string_view::npos) line = line.substr(0, hash);
     std::size_t i = 0;
@@ -27,7 +28,6 @@ std::vector<std::string_view> wordsOf(std::string_view line) {
         while (i < line.size() && !isBlank(line[i])) ++i;
         if (i > start) words.push_back(line.substr(start, i - start));
     }
-    return words;
 }
 
 bool readDouble(std::string_view word, double& out) {
@@ -127,12 +127,19 @@ struct Reader {
 
 bool parseObj(std::string_view text, MeshData& mesh, std::string& error, std::vector<std::string>& warnings) {
     Reader reader{mesh, error, warnings, {}, {}};
+    // No more vertices or faces than lines: reserved once (untouched capacity costs no memory)
+    // instead of grown by copying.
+    const std::size_t lines = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1;
+    mesh.points.reserve(mesh.points.size() + lines);
+    mesh.faceCounts.reserve(mesh.faceCounts.size() + lines);
+    reader.faceLines.reserve(lines);
+    std::vector<std::string_view> words;
     std::size_t line = 0;
     for (std::size_t pos = 0; pos < text.size();) {
         ++line;
         std::size_t end = text.find('\n', pos);
         if (end == std::string_view::npos) end = text.size();
-        const std::vector<std::string_view> words = wordsOf(text.substr(pos, end - pos));
+        wordsOf(text.substr(pos, end - pos), words);
         pos = end + 1;
         if (words.empty()) continue;
         if (words[0] == "v") {

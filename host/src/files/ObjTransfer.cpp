@@ -6,10 +6,9 @@
 #include "eval/Evaluator.h"
 #include "files/AtomicFile.h"
 #include "files/ObjFile.h"
+#include "files/WholeFile.h"
 
 #include <cctype>
-#include <fstream>
-#include <sstream>
 #include <unordered_set>
 
 namespace host {
@@ -52,16 +51,10 @@ bool isIntermediate(const NodePtr& node) {
 } // namespace
 
 bool importObjFile(const std::string& path, std::string& transformName, std::string& error) {
-    std::ifstream in(path, std::ios::binary);
-    if (!in) {
-        error = "File not found: " + path;
-        return false;
-    }
-    std::ostringstream buffer;
-    buffer << in.rdbuf();
+    std::string text;
+    if (!readWholeFile(path, text, error)) return false;
     auto mesh = std::make_shared<MeshData>();
     std::vector<std::string> warnings;
-    const std::string text = buffer.str();
     if (!parseObj(text, *mesh, error, warnings)) {
         error = path + " " + error;
         return false;

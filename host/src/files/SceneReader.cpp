@@ -4,15 +4,16 @@
 #include "commands/CommandState.h"
 #include "files/ImportNames.h"
 #include "files/MeshColorSets.h"
+#include "files/MeshPayload.h"
 #include "files/MeshStatements.h"
 #include "files/SceneFileStore.h"
 #include "files/SetAttrCapture.h"
+#include "files/WholeFile.h"
 #include "lang/Tokenizer.h"
 #include "session/Session.h"
 
 #include <algorithm>
 #include <cctype>
-#include <fstream>
 #include <initializer_list>
 #include <unordered_set>
 
@@ -71,22 +72,6 @@ const Token* firstPositional(const Statement& s, std::initializer_list<const cha
     return nullptr;
 }
 
-bool readWholeFile(const std::string& path, std::string& text, std::string& error) {
-    std::ifstream in(path, std::ios::binary | std::ios::ate);
-    if (!in) {
-        error = "File not found: " + path;
-        return false;
-    }
-    const std::streamoff size = in.tellg();
-    in.seekg(0);
-    text.resize(size > 0 ? static_cast<std::size_t>(size) : 0);
-    if (size < 0 || !in.read(text.data(), size)) {
-        error = "Could not read file: " + path;
-        return false;
-    }
-    return true;
-}
-
 class FileReader {
 public:
     FileReader(const std::string& path, SceneReadReport& report, ImportNames* importNames = nullptr)
@@ -95,7 +80,9 @@ public:
     bool run(std::string_view text, std::string& error) {
         Tokenizer tokenizer(text);
         Statement statement;
-        while (tokenizer.nextStatement(statement)) {
+        for (;;) {
+            if (readMeshPayloadOf(tokenizer)) continue;
+            if (!tokenizer.nextStatement(statement)) break;
             if (!isIdentifier(statement.command)) {
                 error = where(statement) + "'" + statement.command.substr(0, 40) +
                         "' does not start a statement: this is not a Maya ASCII scene.";
@@ -119,6 +106,15 @@ public:
 private:
     enum class Block { None, Node, Kept };
     enum class Last { None, Node, Connection };
+
+    // A geometry statement of the mesh block being read, taken straight from the text.
+    bool readMeshPayloadOf(Tokenizer& tokenizer) {
+        if (block_ != Block::Node || !blockNode_->type().isA("mesh")) return false;
+        const std::size_t length =
+            readMeshPayload(tokenizer.rest(), *blockNode_, store_.info(*blockNode_), payloadBuffers_);
+        tokenizer.skip(length);
+        return length > 0;
+    }
 
     std::string where(const Statement& s) const { return path_ + " line " + std::to_string(s.line) + ": "; }
 
@@ -326,6 +322,7 @@ private:
     Connection lastConnection_;
     std::unordered_set<std::string> unmadeNodes_;
     ImportNames* importNames_;
+    MeshPayloadBuffers payloadBuffers_;
 };
 
 // Reads into the current scene in file reading mode; `importNames` is set for an import.

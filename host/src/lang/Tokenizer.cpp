@@ -103,6 +103,13 @@ inline size_t Tokenizer::wordEnd(size_t pos) const {
     }
 }
 
+void Tokenizer::skip(std::size_t length) {
+    const std::size_t end = std::min(pos_ + length, text_.size());
+    line_ += static_cast<int>(std::count(text_.begin() + static_cast<std::ptrdiff_t>(pos_),
+                                         text_.begin() + static_cast<std::ptrdiff_t>(end), '\n'));
+    pos_ = end;
+}
+
 bool Tokenizer::nextStatement(Statement& statement) {
     return readCommand(statement) && readArguments(statement, ArgForm::Tokens);
 }

@@ -35,6 +35,11 @@ public:
     // Whether the statement just read was closed by ';' rather than by the end of the text.
     bool terminated() const { return terminated_; }
 
+    // The text not read yet, for a reader that takes a statement straight from the text.
+    std::string_view rest() const { return text_.substr(pos_); }
+    // Passes over the first `length` characters of rest(), a statement such a reader took.
+    void skip(std::size_t length);
+
 private:
     template <class Sink> bool readArgumentsInto(Sink& sink);
     bool skipBlanksAndComments();

@@ -1,0 +1,343 @@
+# Side-by-side timing of Talven against Blender on identical meshes; run inside Blender by bench/compare:
+#   blender -b --factory-startup --python bench/compare_blender.py -- TALVEN WORKDIR DATADIR REPS MESHES
+# Blender builds the meshes and writes them as OBJ (every float32 coordinate printed with 9 significant
+# digits, so the text reads back to the same bits), then both tools run the same operation on them.
+# Blender is timed with time.process_time() around the operator. Talven is timed as whole processes
+# (CPU seconds of the child, from wait4): the median of runs that set the scene up and run the
+# operation, minus the median of runs that only set it up; so its figure holds the command alone.
+import math
+import os
+import statistics
+import subprocess
+import sys
+import time
+
+import bpy
+import numpy as np
+
+TALVEN, WORK, DATA, REPS, MESHES = sys.argv[sys.argv.index("--") + 1 :]
+REPS = int(REPS)
+MESHES = MESHES.split(",")
+os.makedirs(WORK, exist_ok=True)
+
+
+# ---- meshes ------------------------------------------------------------------------------------
+
+
+def meshArrays(mesh):
+    n = len(mesh.vertices)
+    co = np.empty(n * 3, dtype=np.float32)
+    mesh.vertices.foreach_get("co", co)
+    counts = np.empty(len(mesh.polygons), dtype=np.int32)
+    mesh.polygons.foreach_get("loop_total", counts)
+    loops = np.empty(len(mesh.loops), dtype=np.int32)
+    mesh.loops.foreach_get("vertex_index", loops)
+    return co.reshape(n, 3), counts, loops
+
+
+def clearScene():
+    for obj in list(bpy.data.objects):
+        bpy.data.objects.remove(obj, do_unlink=True)
+    for mesh in list(bpy.data.meshes):
+        bpy.data.meshes.remove(mesh)
+
+
+def primitive(name):
+    clearScene()
+    if name == "monkey":
+        bpy.ops.mesh.primitive_monkey_add()
+        obj = bpy.context.active_object
+        mod = obj.modifiers.new("sub", "SUBSURF")
+        mod.levels = 5
+        bpy.ops.object.modifier_apply(modifier=mod.name)
+    else:
+        bpy.ops.mesh.primitive_uv_sphere_add(segments=1024, ring_count=512)
+        obj = bpy.context.active_object
+    return meshArrays(obj.data)
+
+
+def readObj(path):
+    points, counts, loops = [], [], []
+    with open(path) as f:
+        for line in f:
+            if line.startswith("v "):
+                points.append([float(t) for t in line.split()[1:4]])
+            elif line.startswith("f "):
+                face = [int(t.split("/")[0]) - 1 for t in line.split()[1:]]
+                counts.append(len(face))
+                loops.extend(face)
+    return (np.array(points, dtype=np.float32), np.array(counts, dtype=np.int32),
+            np.array(loops, dtype=np.int32))
+
+
+def writeObj(path, name, co, counts, loops):
+    with open(path, "w") as f:
+        f.write("o %s\n" % name)
+        f.write("".join("v %.9g %.9g %.9g\n" % tuple(p) for p in co.tolist()))
+        starts = np.concatenate(([0], np.cumsum(counts)[:-1]))
+        one = (loops + 1).tolist()
+        f.write("".join("f " + " ".join(map(str, one[s : s + c])) + "\n"
+                        for s, c in zip(starts.tolist(), counts.tolist())))
+
+
+def bent(co):
+    # The +X side bends up along Z, growing with the square of x: no longer positionally symmetric,
+    # the topology unchanged.
+    out = co.copy()
+    extent = float(np.abs(co[:, 0]).max())
+    x = out[:, 0]
+    out[:, 2] += np.where(x > 0, 0.3 * x * x / extent, 0).astype(np.float32)
+    return out
+
+
+def partners(co, grid=1e-4):
+    # Each vertex's mirror partner across x = 0 where one lies at the mirrored position (to `grid`);
+    # -1 where none does.
+    keys = np.round(co.astype(np.float64) / grid).astype(np.int64)
+    index = {tuple(k): i for i, k in enumerate(keys.tolist())}
+    mirrored = keys.copy()
+    mirrored[:, 0] = -mirrored[:, 0]
+    return np.array([index.get(tuple(k), -1) for k in mirrored.tolist()], dtype=np.int64)
+
+
+def hashed(n, seed):
+    i = np.arange(n, dtype=np.float64)
+    return np.modf(np.abs(np.sin(i * 12.9898 + seed) * 43758.5453))[0]
+
+
+def makeObject(co, counts, loops, name="base"):
+    clearScene()
+    mesh = bpy.data.meshes.new(name)
+    mesh.vertices.add(len(co))
+    mesh.vertices.foreach_set("co", co.ravel())
+    mesh.loops.add(len(loops))
+    mesh.loops.foreach_set("vertex_index", loops)
+    mesh.polygons.add(len(counts))
+    mesh.polygons.foreach_set("loop_start", np.concatenate(([0], np.cumsum(counts)[:-1])).astype(np.int32))
+    mesh.polygons.foreach_set("loop_total", counts)
+    mesh.update(calc_edges=True)
+    obj = bpy.data.objects.new(name, mesh)
+    bpy.context.scene.collection.objects.link(obj)
+    bpy.context.view_layer.objects.active = obj
+    obj.select_set(True)
+    return obj
+
+
+# ---- timing ------------------------------------------------------------------------------------
+
+
+def cpuOf(fn):
+    start = time.process_time()
+    fn()
+    return time.process_time() - start
+
+
+def talvenRun(script):
+    path = os.path.join(WORK, "run.mel")
+    log = os.path.join(WORK, "run.log")
+    with open(path, "w") as f:
+        f.write(script)
+    with open(log, "w") as out:
+        proc = subprocess.Popen([TALVEN, path], stdout=out, stderr=subprocess.STDOUT)
+        _, status, usage = os.wait4(proc.pid, 0)
+    with open(log) as f:
+        text = f.read()
+    if os.waitstatus_to_exitcode(status) != 0 or "// Error" in text:
+        sys.exit("compare: talven failed on:\n%s\n%s" % (script[:2000], text[-2000:]))
+    return usage.ru_utime + usage.ru_stime
+
+
+def talvenTime(setup, op):
+    base = statistics.median(talvenRun(setup) for _ in range(REPS))
+    full = statistics.median(talvenRun(setup + op) for _ in range(REPS))
+    return max(full - base, 0.0)
+
+
+# Talven's positional mirror stops when a vertex finds no partner within -tol; the ICT head is
+# asymmetric by up to 0.0285 on some vertices, the generated meshes only by rounding.
+def tolerance(label):
+    return 0.03 if label.startswith("ict") else 0.001
+
+
+def quoted(path):
+    return '"%s"' % path
+
+
+# ---- checks ------------------------------------------------------------------------------------
+
+
+def share(values, expected, partner, side, tol):
+    # Share of destination vertices (x < 0, partner known) that hold their partner's value.
+    mask = side & (partner >= 0)
+    good = np.all(np.abs(values[mask] - expected[partner[mask]]) <= tol, axis=-1) if values.ndim > 1 \
+        else np.abs(values[mask] - expected[partner[mask]]) <= tol
+    return float(np.count_nonzero(good)) / max(int(np.count_nonzero(mask)), 1)
+
+
+def readWeights(path, n):
+    out = np.ones(n)
+    with open(path) as f:
+        for line in f:
+            parts = line.split()
+            if len(parts) == 2:
+                out[int(parts[0])] = float(parts[1])
+    return out
+
+
+def readDeltas(path, n):
+    import json
+
+    out = np.zeros((n, 3))
+    with open(path) as f:
+        doc = json.load(f)
+    for block in doc.values():
+        for item in block["data"].values():
+            for k, v in item.items():
+                out[int(k)] = v
+    return out
+
+
+# ---- the operations ----------------------------------------------------------------------------
+
+rows = []
+
+
+def row(mesh, op, blender, talven, blenderShare="", talvenShare=""):
+    rows.append((mesh, op, blender, talven, blenderShare, talvenShare))
+    print("compare: %s / %s: Blender %.3f s, Talven %.3f s" % (mesh, op, blender, talven), flush=True)
+
+
+def pct(x):
+    return "%.1f%%" % (100.0 * x)
+
+
+def blenderWeights(obj, weights):
+    group = obj.vertex_groups.get("w") or obj.vertex_groups.new(name="w")
+    for i, w in enumerate(weights.tolist()):
+        group.add([i], w, "REPLACE")
+    return group
+
+
+def readGroup(group, n):
+    return np.array([group.weight(i) for i in range(n)])
+
+
+def weightMirror(label, co, counts, loops, objPath, partner, topology):
+    n = len(co)
+    weights = hashed(n, 1.0)
+    side = co[:, 0] < 0 if not topology else base_co[label][:, 0] < 0
+    times = []
+    for _ in range(REPS):
+        # A fresh object each time: Blender keeps its topology mirror table between calls on a mesh.
+        obj = makeObject(co, counts, loops)
+        group = blenderWeights(obj, weights)
+        times.append(cpuOf(lambda: bpy.ops.object.vertex_group_mirror(
+            mirror_weights=True, flip_group_names=False, all_groups=False, use_topology=topology)))
+    blenderShare = share(readGroup(group, n), weights, partner, side, 1e-5)
+
+    weightFile = os.path.join(WORK, "weights.txt")
+    with open(weightFile, "w") as f:
+        f.write("".join("%d %.7f\n" % (i, w) for i, w in enumerate(weights.tolist())))
+    setup = "file -i %s;\nblendShape -n bs base;\nkv_blendShapeEditWeights -im -fn %s bs;\n" % (
+        quoted(objPath), quoted(weightFile))
+    op = ("kv_polyMapVertexOrder -axis x base;\nkv_blendShapeEditWeights -m -ob base -om base bs;\n"
+          if topology else "kv_blendShapeEditWeights -m -om base -tol %g bs;\n" % tolerance(label))
+    talven = talvenTime(setup, op)
+    out = os.path.join(WORK, "mirrored.txt")
+    talvenRun(setup + op + "kv_blendShapeEditWeights -ex -fn %s bs;\n" % quoted(out))
+    talvenShare = share(readWeights(out, n), weights, partner, side, 1e-5)
+    name = "topology map + weight mirror (bent)" if topology else "weight map mirror by position"
+    row(label, name, statistics.median(times), talven, pct(blenderShare), pct(talvenShare))
+
+
+def targetMirror(label, co, counts, loops, objPath, partner):
+    n = len(co)
+    delta = ((np.stack([hashed(n, 2.0), hashed(n, 3.0), hashed(n, 4.0)], axis=1) - 0.5) * 0.02).astype(np.float32)
+    target = co + delta
+    delta = target.astype(np.float64) - co  # what both tools see after float32 rounding
+    expected = delta * np.array([-1.0, 1.0, 1.0])
+    side = co[:, 0] < 0
+    targetPath = os.path.join(WORK, "target.obj")
+    writeObj(targetPath, "target", target, counts, loops)
+
+    obj = makeObject(co, counts, loops)
+    obj.shape_key_add(name="Basis")
+    key = obj.shape_key_add(name="t")
+    obj.active_shape_key_index = 1
+    times = []
+    for _ in range(REPS):
+        key.data.foreach_set("co", target.ravel())
+        times.append(cpuOf(lambda: bpy.ops.object.shape_key_mirror(use_topology=False)))
+    result = np.empty(n * 3, dtype=np.float32)
+    key.data.foreach_get("co", result)
+    blenderShare = share(result.reshape(n, 3).astype(np.float64) - co, expected, partner, side, 2e-5)
+
+    setup = "file -i %s;\nfile -i %s;\nblendShape -n bs target base;\n" % (quoted(objPath), quoted(targetPath))
+    op = "kv_blendShapeMirrorTarget -f 1 -om base -tol %g bs;\n" % tolerance(label)
+    talven = talvenTime(setup, op)
+    out = os.path.join(WORK, "deltas.json")
+    talvenRun(setup + op + "kv_blendShapeExportData -d -fn %s -cn target -i 0 bs;\n" % quoted(out))
+    talvenShare = share(readDeltas(out, n), expected, partner, side, 2e-5)
+    row(label, "target (shape key) flip by position", statistics.median(times), talven,
+        pct(blenderShare), pct(talvenShare))
+
+
+def sceneFiles(label, co, counts, loops, objPath):
+    blend = os.path.join(WORK, "scene0.blend")
+    ma = os.path.join(WORK, "scene.ma")
+    makeObject(co, counts, loops)
+    save = statistics.median(cpuOf(lambda: bpy.ops.wm.save_as_mainfile(filepath=blend, compress=False))
+                             for blend in [os.path.join(WORK, "scene%d.blend" % k) for k in range(REPS)])
+    reopen = statistics.median(cpuOf(lambda: bpy.ops.wm.open_mainfile(filepath=blend)) for _ in range(REPS))
+    clearScene()
+    imp = []
+    for _ in range(REPS):
+        imp.append(cpuOf(lambda: bpy.ops.wm.obj_import(filepath=objPath, forward_axis="Y", up_axis="Z")))
+        clearScene()
+
+    setup = "file -i %s;\n" % quoted(objPath)
+    talvenSave = talvenTime(setup, "file -rn %s;\nfile -s;\n" % quoted(ma))
+    megabytes = os.path.getsize(ma) / 1e6
+    talvenReopen = talvenTime("ls;\n", "file -f -o %s;\n" % quoted(ma))
+    talvenImport = talvenTime("ls;\n", setup)
+    row(label, "save .blend / .ma (%.0f MB: %.0f MB/s)" % (megabytes, megabytes / max(talvenSave, 1e-9)),
+        save, talvenSave)
+    row(label, "reopen .blend / .ma (%.0f MB/s)" % (megabytes / max(talvenReopen, 1e-9)), reopen, talvenReopen)
+    row(label, "OBJ import", statistics.median(imp), talvenImport)
+
+
+# ---- run ---------------------------------------------------------------------------------------
+
+base_co = {}
+for label in MESHES:
+    if label == "ict":
+        path = os.path.join(DATA, "ict-facekit", "generic_neutral_mesh.obj")
+        if not os.path.exists(path):
+            print("compare: %s not found, the ICT head is left out" % path, flush=True)
+            continue
+        co, counts, loops = readObj(path)
+    else:
+        co, counts, loops = primitive(label)
+    title = "%s (%d vertices)" % (label, len(co))
+    base_co[title] = co
+    objPath = os.path.join(WORK, label + ".obj")
+    bentPath = os.path.join(WORK, label + "_bent.obj")
+    writeObj(objPath, "base", co, counts, loops)
+    writeObj(bentPath, "base", bent(co), counts, loops)
+    partner = partners(co)
+    print("compare: %s, mirror partner known for %d vertices" % (title, int(np.count_nonzero(partner >= 0))),
+          flush=True)
+    weightMirror(title, co, counts, loops, objPath, partner, topology=False)
+    targetMirror(title, co, counts, loops, objPath, partner)
+    weightMirror(title, bent(co), counts, loops, bentPath, partner, topology=True)
+    sceneFiles(title, co, counts, loops, objPath)
+
+print()
+print("CPU seconds, median of %d. Blender: time.process_time() around the operator. Talven: median CPU" % REPS)
+print("time of whole processes that set up and run the operation minus the median of set-up-only runs.")
+print("Right partner: share of -X vertices with a known mirror partner that receive that partner's value.")
+print()
+print("| mesh | operation | Blender | Talven | Talven / Blender | right partner Blender | right partner Talven |")
+print("|---|---|---|---|---|---|---|")
+for mesh, op, b, t, bs, ts in rows:
+    print("| %s | %s | %.3f | %.3f | %.2f | %s | %s |" % (mesh, op, b, t, t / b if b > 0 else math.inf, bs, ts))

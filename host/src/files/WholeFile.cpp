@@ -1,0 +1,27 @@
+#include "files/WholeFile.h"
+
+#include "files/HugePages.h"
+
+#include <fstream>
+
+namespace host {
+
+bool readWholeFile(const std::string& path, std::string& text, std::string& error) {
+    std::ifstream in(path, std::ios::binary | std::ios::ate);
+    if (!in) {
+        error = "File not found: " + path;
+        return false;
+    }
+    const std::streamoff size = in.tellg();
+    in.seekg(0);
+    text.reserve(size > 0 ? static_cast<std::size_t>(size) : 0);
+    preferHugePages(text.data(), text.capacity());
+    text.resize(size > 0 ? static_cast<std::size_t>(size) : 0);
+    if (size < 0 || !in.read(text.data(), size)) {
+        error = "Could not read file: " + path;
+        return false;
+    }
+    return true;
+}
+
+} // namespace host
