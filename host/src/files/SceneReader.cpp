@@ -5,6 +5,7 @@
 #include "files/ImportNames.h"
 #include "files/MeshColorSets.h"
 #include "files/MeshStatements.h"
+#include "files/PendingMeshStatements.h"
 #include "files/SceneFileStore.h"
 #include "files/SetAttrCapture.h"
 #include "lang/Tokenizer.h"
@@ -12,6 +13,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <filesystem>
 #include <fstream>
 #include <initializer_list>
 #include <unordered_set>
@@ -72,6 +74,17 @@ const Token* firstPositional(const Statement& s, std::initializer_list<const cha
 }
 
 bool readWholeFile(const std::string& path, std::string& text, std::string& error) {
+    // A folder would "open" and report a nonsense size; a FIFO would wait for a writer.
+    std::error_code statusError;
+    const std::filesystem::file_status status = std::filesystem::status(path, statusError);
+    if (std::filesystem::is_directory(status)) {
+        error = path + " is a folder, not a scene file.";
+        return false;
+    }
+    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+        error = path + " is not a regular file.";
+        return false;
+    }
     std::ifstream in(path, std::ios::binary | std::ios::ate);
     if (!in) {
         error = "File not found: " + path;
@@ -108,6 +121,7 @@ public:
             if (importNames_) importNames_->rewrite(statement);
             read(statement, tokenizer.statementText());
         }
+        endBlock();
         if (!tokenizer.error().empty()) {
             // "Line 3: Unterminated string." as "<file> line 3: Unterminated string."
             error = path_ + " l" + tokenizer.error().substr(1) + " The rest of the file is not read.";
@@ -205,9 +219,8 @@ private:
         case MeshStatement::Read:
             return;
         case MeshStatement::Failed:
-            ++report_.errors;
-            messageLog().error(where(s) + "setAttr: " + error);
-            return keepInNode(text);
+            // It may name points or edges that come later in the block.
+            return pendingMesh_.hold(s, text, std::move(error));
         case MeshStatement::Other:
             break;
         }
@@ -309,6 +322,14 @@ private:
     }
 
     void endBlock() {
+        if (blockNode_ && !pendingMesh_.empty())
+            pendingMesh_.readInto(
+                *blockNode_, store_.info(*blockNode_),
+                [this](const Statement& s, const std::string& text, const std::string& error) {
+                    ++report_.errors;
+                    messageLog().error(where(s) + "setAttr: " + error);
+                    keepInNode(text);
+                });
         block_ = Block::None;
         blockNode_.reset();
         setCurrentNode(nullptr);
@@ -326,6 +347,7 @@ private:
     Connection lastConnection_;
     std::unordered_set<std::string> unmadeNodes_;
     ImportNames* importNames_;
+    PendingMeshStatements pendingMesh_;
 };
 
 // Reads into the current scene in file reading mode; `importNames` is set for an import.
