@@ -3,10 +3,9 @@
 // the file it names, which gets the new text, and anything but a regular file is refused.
 // Temporaries abandoned by a process that died while writing are cleared by the next write there.
 #include "RegionMapSession.h"
+#include "tests/support/FileSizeLimit.h"
 
 #include <chrono>
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace {
@@ -62,16 +61,7 @@ TEST_F(SafeWrites, AWriteCutShortKeepsTheOldFile) {
     for (const Writer& writer : writers()) {
         fs::create_directories(file(writer.name));
         const std::string target = writeFile(std::string(writer.name) + "/old.txt", "old");
-        rlimit saved{};
-        getrlimit(RLIMIT_FSIZE, &saved);
-        const auto previousHandler = std::signal(SIGXFSZ, SIG_IGN);
-        rlimit tiny = saved;
-        tiny.rlim_cur = 16;
-        setrlimit(RLIMIT_FSIZE, &tiny);
-        const bool ok = write(writer, target);
-        setrlimit(RLIMIT_FSIZE, &saved);
-        std::signal(SIGXFSZ, previousHandler);
-        EXPECT_FALSE(ok) << writer.name;
+        EXPECT_FALSE(withFileSizeLimit(16, [&] { return write(writer, target); })) << writer.name;
         EXPECT_EQ(readFile(target), "old") << writer.name;
         EXPECT_EQ(namesIn(writer.name), std::vector<std::string>{"old.txt"}) << writer.name;
         // Without the limit the same write goes through.
