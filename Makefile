@@ -1,7 +1,7 @@
 # Two entry points: `make demo` and `make test`. Both install what is missing first.
 JOBS ?= $(shell nproc)
 
-.PHONY: demo test bootstrap build build-asan bench fuzz fuzz-corpus clean format
+.PHONY: demo test soak bootstrap build build-asan bench fuzz fuzz-corpus clean format
 
 bootstrap:
 	@bash scripts/bootstrap.sh
@@ -24,6 +24,14 @@ test: build
 	$(MAKE) --no-print-directory fuzz FUZZ_SECONDS=5
 	$(MAKE) --no-print-directory build-asan
 	ctest --preset asan
+
+# The undo property test over many more random command sequences, with a new seed each run
+# (SOAK_SEED=… repeats one).
+SOAK_ROUNDS ?= 2000
+SOAK_SEED ?= $(shell date +%s)
+soak: build
+	TALVEN_UNDO_ROUNDS=$(SOAK_ROUNDS) TALVEN_UNDO_SEED=$(SOAK_SEED) \
+	    ./build/dev/tests/talven_tests --gtest_filter='UndoSequence.*'
 
 bench: bootstrap
 	cmake --preset release >/dev/null

@@ -19,16 +19,12 @@ constexpr std::size_t kMostTabs = 3;
 
 DeltaFileWriter::DeltaFileWriter() : block(new char[kBlockSize]), pos(block.get()) {}
 
-DeltaFileWriter::~DeltaFileWriter() {
-    if (file) std::fclose(file);
-}
+DeltaFileWriter::~DeltaFileWriter() = default;
 
 bool DeltaFileWriter::open(const std::string& path) {
-    std::FILE* truncated = std::fopen(path.c_str(), "wb");
-    if (!truncated) return false;
-    std::fclose(truncated);
-    file = std::fopen(path.c_str(), "ab");
-    if (!file) return false;
+    std::string error;
+    opened = file.open(path, error);
+    if (!opened) return false;
     line(0, "{");
     return true;
 }
@@ -42,7 +38,7 @@ void DeltaFileWriter::put(std::string_view text) {
     if (text.size() > kBlockSize / 2) {
         // A text this long (a channel name, in practice never) goes to the file directly.
         flush();
-        if (file && std::fwrite(text.data(), 1, text.size(), file) != text.size()) failed = true;
+        file.write(text);
         return;
     }
     std::memcpy(room(text.size()), text.data(), text.size());
@@ -122,19 +118,17 @@ void DeltaFileWriter::skipTarget(bool lastIndex) {
 }
 
 bool DeltaFileWriter::close() {
-    if (!file) return false;
+    if (!opened) return false;
+    opened = false;
     line(0, "}");
     put("\n");
     flush();
-    if (std::fflush(file) != 0) failed = true;
-    if (std::fclose(file) != 0) failed = true;
-    file = nullptr;
-    return !failed;
+    std::string error;
+    return file.commit(error);
 }
 
 void DeltaFileWriter::flush() {
-    const std::size_t size = static_cast<std::size_t>(pos - block.get());
-    if (size != 0 && file && std::fwrite(block.get(), 1, size, file) != size) failed = true;
+    file.write(std::string_view(block.get(), static_cast<std::size_t>(pos - block.get())));
     pos = block.get();
 }
 

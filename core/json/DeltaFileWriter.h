@@ -17,10 +17,11 @@
 // followed by one more newline. Lines are indented with tabs from a level counter; item keys are
 // (item - 5000) / 1000 in single precision, coordinates doubles, both written as a default output
 // stream writes them. Separators follow the caller's list positions, so a skipped item or index
-// leaves the commas of its neighbours as they were. The text is streamed to the file in large
-// blocks as it is produced.
+// leaves the commas of its neighbours as they were. The text is streamed in large blocks, as it is
+// produced, to a temporary file that replaces the target when the writer is closed.
+#include "core/common/AtomicFile.h"
+
 #include <cstdint>
-#include <cstdio>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -34,7 +35,7 @@ public:
     DeltaFileWriter& operator=(const DeltaFileWriter&) = delete;
     ~DeltaFileWriter();
 
-    // Empties or creates the file, reopens it for appending and writes the opening "{" line.
+    // Starts the new file (the target is replaced only by close()) and writes the opening "{" line.
     bool open(const std::string& path);
 
     // The block opening of a target index: key line, "name" line (written unescaped) and "data" line.
@@ -47,7 +48,8 @@ public:
     // the braces. The level is unsigned and wraps below zero; a wrapped level writes no tabs.
     void skipTarget(bool lastIndex);
 
-    // Writes the closing "}" line and the final newline, flushes and closes; false when any write failed.
+    // Writes the closing "}" line and the final newline and puts the file in place; false (the target
+    // unchanged) when any write failed.
     bool close();
 
 private:
@@ -58,11 +60,11 @@ private:
     char* room(std::size_t bytes);
     void flush();
 
-    std::FILE* file = nullptr;
+    common::AtomicFile file;
+    bool opened = false;
     std::unique_ptr<char[]> block; // text gathered for the file
     char* pos = nullptr;
     std::uint32_t level = 0;
-    bool failed = false;
 };
 
 } // namespace json

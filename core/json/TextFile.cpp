@@ -1,5 +1,7 @@
 #include "core/json/TextFile.h"
 
+#include "core/common/AtomicFile.h"
+
 #include <algorithm>
 #include <cstdio>
 
@@ -23,10 +25,8 @@ bool readWholeFile(const std::string& path, std::string& data) {
 }
 
 bool writeWholeFile(const std::string& path, const std::string& text) {
-    std::FILE* file = std::fopen(path.c_str(), "wb");
-    if (!file) return false;
-    const bool written = std::fwrite(text.data(), 1, text.size(), file) == text.size();
-    return std::fclose(file) == 0 && written;
+    std::string error;
+    return common::writeFileAtomically(path, text, error);
 }
 
 } // namespace json

@@ -83,9 +83,7 @@ bool writeWeightsFile(const std::string& path, const std::vector<int>& indices,
 // Scans byte by byte: control bytes and blanks are skipped, "..." is a key (converted as an int), and
 // ':' starts a value that runs to a newline or comma (consumed) with tabs, form feeds, carriage
 // returns and blanks dropped. Everything else is ignored; nothing checks that keys and values pair up.
-bool readFile(const std::string& path, std::vector<int>& indices, std::vector<double>& weights) {
-    std::string data;
-    if (!readWholeFile(path, data)) return false;
+void readWeightsText(std::string_view data, std::vector<int>& indices, std::vector<double>& weights) {
     const char* p = data.data();
     const char* const end = p + data.size();
     std::string value;
@@ -104,7 +102,6 @@ bool readFile(const std::string& path, std::vector<int>& indices, std::vector<do
             weights.push_back(common::textToDouble(value));
         }
     }
-    return true;
 }
 
 // Non-whitespace bytes build the index token; the first whitespace byte after it takes the rest of the
@@ -112,9 +109,7 @@ bool readFile(const std::string& path, std::vector<int>& indices, std::vector<do
 // a fresh token. Hence "3 0.25\n7 1\n" gives (3, 0.25), (7, 1). When the whitespace byte is itself a
 // newline (an empty line, or a token alone on its line) the weight text is the whole following line. A
 // token still pending at the end of the file has no weight and is dropped.
-bool readFileSimple(const std::string& path, std::vector<int>& indices, std::vector<double>& weights) {
-    std::string data;
-    if (!readWholeFile(path, data)) return false;
+void readWeightsTextSimple(std::string_view data, std::vector<int>& indices, std::vector<double>& weights) {
     const char* p = data.data();
     const char* const end = p + data.size();
     const char* token = p;
@@ -129,6 +124,19 @@ bool readFileSimple(const std::string& path, std::vector<int>& indices, std::vec
         p = lineEnd == end ? end : lineEnd + 1;
         token = p;
     }
+}
+
+bool readFile(const std::string& path, std::vector<int>& indices, std::vector<double>& weights) {
+    std::string data;
+    if (!readWholeFile(path, data)) return false;
+    readWeightsText(data, indices, weights);
+    return true;
+}
+
+bool readFileSimple(const std::string& path, std::vector<int>& indices, std::vector<double>& weights) {
+    std::string data;
+    if (!readWholeFile(path, data)) return false;
+    readWeightsTextSimple(data, indices, weights);
     return true;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace json {
@@ -27,5 +28,9 @@ bool writeWeightsFile(const std::string& path, const std::vector<int>& indices,
 // cannot be read at all, a directory included.
 bool readFile(const std::string& path, std::vector<int>& indices, std::vector<double>& weights);
 bool readFileSimple(const std::string& path, std::vector<int>& indices, std::vector<double>& weights);
+
+// The same readers on text in memory (a whole file).
+void readWeightsText(std::string_view text, std::vector<int>& indices, std::vector<double>& weights);
+void readWeightsTextSimple(std::string_view text, std::vector<int>& indices, std::vector<double>& weights);
 
 } // namespace json

@@ -2,13 +2,12 @@
 // recursion (checked on a thread with a small stack, opened from a file too), and naming and
 // duplicating cost grows linearly (checked as the ratio of run times at n and 4n, never as a time).
 #include "engine/Scene.h"
-#include "session/Session.h"
 #include "lang/Interpreter.h"
+#include "session/Session.h"
+#include "tests/support/RunCost.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <pthread.h>
@@ -59,19 +58,6 @@ protected:
         if (started) pthread_join(thread, nullptr);
         return started && job.ok;
     }
-
-    // The best of three run times of `work` after `setup`, in seconds.
-    static double cost(const std::function<void()>& setup, const std::function<void()>& work) {
-        double best = 1e9;
-        for (int k = 0; k < 3; ++k) {
-            setup();
-            const auto start = std::chrono::steady_clock::now();
-            work();
-            best = std::min(best,
-                            std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
-        }
-        return best;
-    }
 };
 
 constexpr int kDeep = 5000;
@@ -108,8 +94,8 @@ TEST_F(DeepScene, SameNameNodesCostLinearly) {
     };
     const std::string small = named(2000), large = named(8000);
     const auto reset = [] { host::resetScene(); };
-    const double smallCost = cost(reset, [&] { EXPECT_TRUE(run(small)); });
-    const double ratio = cost(reset, [&] { EXPECT_TRUE(run(large)); }) / smallCost;
+    const double smallCost = bestRunTime(reset, [&] { EXPECT_TRUE(run(small)); });
+    const double ratio = bestRunTime(reset, [&] { EXPECT_TRUE(run(large)); }) / smallCost;
     EXPECT_LT(ratio, 12.0) << "4x the nodes cost " << ratio << "x the time";
     EXPECT_NE(host::scene().findNode("x7999"), nullptr);
     // Names freed by a delete are found again, as counting from 1 would.
@@ -120,8 +106,8 @@ TEST_F(DeepScene, SameNameNodesCostLinearly) {
 TEST_F(DeepScene, DuplicatingAChainCostsLinearly) {
     const std::string small = chain(250), large = chain(1000);
     const auto duplicate = [] { EXPECT_TRUE(run("duplicate t0")); };
-    const double smallCost = cost([&] { host::resetScene(), run(small); }, duplicate);
-    const double ratio = cost([&] { host::resetScene(), run(large); }, duplicate) / smallCost;
+    const double smallCost = bestRunTime([&] { host::resetScene(), run(small); }, duplicate);
+    const double ratio = bestRunTime([&] { host::resetScene(), run(large); }, duplicate) / smallCost;
     EXPECT_LT(ratio, 13.0) << "a 4x deeper chain cost " << ratio << "x the time";
     // The copy keeps the names below its top.
     EXPECT_NE(host::scene().findNode("t1000|t1|t2"), nullptr);

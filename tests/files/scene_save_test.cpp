@@ -1,9 +1,8 @@
 // Saving: the file name comes from file -rename (or the file opened), and a save that fails leaves
 // whatever was there before untouched, with no temporary file left behind.
 #include "FileTestSupport.h"
+#include "tests/support/FileSizeLimit.h"
 
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace {
@@ -61,16 +60,7 @@ TEST_F(SceneSaveTest, AFailedWriteKeepsTheOldFile) {
     writeText(path("box.ma"), "old scene");
     const std::vector<std::string> before = folderContents();
     ASSERT_TRUE(run("polyCube -n box"));
-    rlimit saved{};
-    getrlimit(RLIMIT_FSIZE, &saved);
-    const auto previousHandler = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit small = saved;
-    small.rlim_cur = 64;
-    setrlimit(RLIMIT_FSIZE, &small);
-    const bool ok = saveAs(path("box.ma"));
-    setrlimit(RLIMIT_FSIZE, &saved);
-    std::signal(SIGXFSZ, previousHandler);
-    EXPECT_FALSE(ok);
+    EXPECT_FALSE(withFileSizeLimit(64, [&] { return saveAs(path("box.ma")); }));
     EXPECT_EQ(readText(path("box.ma")), "old scene");
     EXPECT_EQ(folderContents(), before);
 }

@@ -28,6 +28,8 @@ bool polySelectCommand(Invocation& inv) {
     const core::MeshTopology& topology = mesh.topology();
     if (!mesh.topologyError().empty()) return args.fail(mesh.topologyError());
     std::vector<char> inShell(static_cast<std::size_t>(topology.numFaces()), 0);
+    // Each edge's faces are looked at once: on a non-manifold fan, every face reaches the same edge.
+    std::vector<char> edgeSeen(static_cast<std::size_t>(topology.numEdges()), 0);
     std::vector<int> stack;
     for (int use = 0; use < args.uses("extendToShell"); ++use) {
         const int face = args.integer("extendToShell", 0, use);
@@ -40,12 +42,15 @@ bool polySelectCommand(Invocation& inv) {
         while (!stack.empty()) {
             const int f = stack.back();
             stack.pop_back();
-            for (int edge : topology.faceEdges(f))
+            for (int edge : topology.faceEdges(f)) {
+                if (edgeSeen[static_cast<std::size_t>(edge)]) continue;
+                edgeSeen[static_cast<std::size_t>(edge)] = 1;
                 for (int next : topology.edgeFaces(edge))
                     if (!inShell[static_cast<std::size_t>(next)]) {
                         inShell[static_cast<std::size_t>(next)] = 1;
                         stack.push_back(next);
                     }
+            }
         }
     }
     std::vector<int> faces;

@@ -45,6 +45,7 @@ bool openScene(Invocation& inv, const std::string& path) {
     sceneFileStore().path = path;
     SceneReadReport report;
     if (!readSceneText(path, text, report, error)) {
+        sceneFileStore().readInPartFrom = path;
         messageLog().error(error);
         return false;
     }
@@ -60,6 +61,10 @@ bool saveCurrentScene(Invocation& inv, const ArgReader& args) {
     if (args.has("type") && args.text("type") != "mayaAscii")
         return args.fail("scenes are saved as \"mayaAscii\", not \"" + args.text("type") + "\".");
     if (endsWith(path, ".mb")) return args.fail("scenes are saved as Maya ASCII (.ma), not " + path + ".");
+    if (path == sceneFileStore().readInPartFrom && !args.has("force"))
+        return args.fail("the scene was read only in part from " + path +
+                         ": saving would replace the file with that part. Give -force to do so, or save "
+                         "under another name with -rename.");
     std::string error;
     std::vector<std::string> problems;
     const bool ok = saveScene(path, error, problems);

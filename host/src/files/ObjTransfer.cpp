@@ -1,10 +1,10 @@
 #include "files/ObjTransfer.h"
 
 #include "commands/Names.h"
+#include "core/common/AtomicFile.h"
 #include "engine/ComponentText.h"
 #include "engine/Scene.h"
 #include "eval/Evaluator.h"
-#include "files/AtomicFile.h"
 #include "files/ObjFile.h"
 #include "files/WholeFile.h"
 
@@ -105,7 +105,7 @@ bool exportObjFile(const std::string& path, const std::vector<NodePtr>& shapes, 
         appendObjMesh(named->name(), *mesh, offset, text);
         offset += mesh->points.size();
     }
-    return writeFileAtomically(path, text, error);
+    return common::writeFileAtomically(path, text, error);
 }
 
 } // namespace host

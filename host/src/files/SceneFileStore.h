@@ -55,6 +55,9 @@ struct NodeFileInfo {
 
 struct SceneFileStore {
     std::string path; // the scene's file name; empty while untitled
+    // The file this scene was read from when reading stopped part way: saving over it would lose
+    // what was not read, so that needs -force.
+    std::string readInPartFrom;
     std::vector<KeptStatement> kept;
     std::unordered_map<uint64_t, NodeFileInfo> nodes; // by node id
 

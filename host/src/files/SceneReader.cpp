@@ -6,6 +6,7 @@
 #include "files/MeshColorSets.h"
 #include "files/MeshPayload.h"
 #include "files/MeshStatements.h"
+#include "files/PendingMeshStatements.h"
 #include "files/SceneFileStore.h"
 #include "files/SetAttrCapture.h"
 #include "files/WholeFile.h"
@@ -95,6 +96,7 @@ public:
             if (importNames_) importNames_->rewrite(statement);
             read(statement, tokenizer.statementText());
         }
+        endBlock();
         if (!tokenizer.error().empty()) {
             // "Line 3: Unterminated string." as "<file> line 3: Unterminated string."
             error = path_ + " l" + tokenizer.error().substr(1) + " The rest of the file is not read.";
@@ -201,9 +203,8 @@ private:
         case MeshStatement::Read:
             return;
         case MeshStatement::Failed:
-            ++report_.errors;
-            messageLog().error(where(s) + "setAttr: " + error);
-            return keepInNode(text);
+            // It may name points or edges that come later in the block.
+            return pendingMesh_.hold(s, text, std::move(error));
         case MeshStatement::Other:
             break;
         }
@@ -305,6 +306,14 @@ private:
     }
 
     void endBlock() {
+        if (blockNode_ && !pendingMesh_.empty())
+            pendingMesh_.readInto(
+                *blockNode_, store_.info(*blockNode_),
+                [this](const Statement& s, const std::string& text, const std::string& error) {
+                    ++report_.errors;
+                    messageLog().error(where(s) + "setAttr: " + error);
+                    keepInNode(text);
+                });
         block_ = Block::None;
         blockNode_.reset();
         setCurrentNode(nullptr);
@@ -323,6 +332,7 @@ private:
     std::unordered_set<std::string> unmadeNodes_;
     ImportNames* importNames_;
     MeshPayloadBuffers payloadBuffers_;
+    PendingMeshStatements pendingMesh_;
 };
 
 // Reads into the current scene in file reading mode; `importNames` is set for an import.

@@ -1,7 +1,7 @@
 #include "files/SceneWriter.h"
 
+#include "core/common/AtomicFile.h"
 #include "files/AddAttrText.h"
-#include "files/AtomicFile.h"
 #include "files/FilePlugPath.h"
 #include "files/MaText.h"
 #include "files/NodeValues.h"
@@ -201,7 +201,7 @@ std::string sceneText(const std::string& fileName, std::vector<std::string>& pro
 
 bool saveScene(const std::string& path, std::string& error, std::vector<std::string>& problems) {
     const std::string text = sceneText(baseName(path), problems);
-    return writeFileAtomically(path, text, error);
+    return common::writeFileAtomically(path, text, error);
 }
 
 } // namespace host

@@ -1,0 +1,46 @@
+//Maya ASCII 2023 scene
+//Name: small.ma
+requires maya "2023";
+requires -nodeType "TALVENRegion" "talven" "5.10.0";
+currentUnit -l centimeter -a degree -t film;
+fileInfo "application" "maya";
+createNode transform -n "quad";
+	rename -uid "5E4F9A00-0000-0000-0000-000000000001";
+	setAttr ".t" -type "double3" 0 1 0;
+createNode mesh -n "quadShape" -p "quad";
+	addAttr -ci true -sn "note" -ln "note" -dt "string";
+	setAttr -k off ".v";
+	setAttr ".vir" yes;
+	setAttr -s 4 ".vt[0:3]" -0.5 0 0.5 0.5 0 0.5 -0.5 0 -0.5 0.5 0 -0.5;
+	setAttr -s 4 ".ed[0:3]" 0 1 0 1 3 0 3 2 0 2 0 0;
+	setAttr -s 1 ".fc[0]" -type "polyFaces" f 4 0 1 2 3 mu 0 4 0 1 3 2;
+	setAttr ".note" -type "string" "hello";
+createNode mesh -n "quadShapeOrig" -p "quad";
+	setAttr ".io" yes;
+createNode blendShape -n "blendShape1";
+	setAttr ".w[0]"  0.5;
+	setAttr ".it[0].itg[0].iti[6000].ipt" -type "pointArray" 2 0 1 0 1 0 2 0 1 ;
+	setAttr ".it[0].itg[0].iti[6000].ict" -type "componentList" 1 "vtx[0:1]";
+	setAttr -s 2 ".it[0].itg[0].tw[0:1]" 1 0.5;
+	setAttr ".aal" -type "attributeAlias" {"smile","weight[0]"} ;
+createNode joint -n "joint1";
+	setAttr ".jo" -type "double3" 0 90 0;
+createNode skinCluster -n "skinCluster1";
+	setAttr -s 4 ".wl";
+	setAttr ".wl[0:3].w" 1 0 1 1 0 1 1 0 1 1 0 1;
+createNode tweak -n "tweak1";
+	setAttr -s 1 ".vl[0].vt[2]" -type "float3" 0 0.1 0;
+createNode TALVENRegion -n "region1";
+	setAttr ".regions" -type "string" "front back";
+createNode script -n "uiConfigurationScriptNode";
+	setAttr ".b" -type "string" "print(\"never run\")";
+select -ne :time1;
+	setAttr ".o" 1;
+select -ne :initialShadingGroup;
+	setAttr -s 2 ".dsm";
+connectAttr "quadShapeOrig.w" "blendShape1.ip[0].ig";
+connectAttr "blendShape1.og[0]" "quadShape.i";
+connectAttr "joint1.wm" "skinCluster1.ma[0]";
+connectAttr "quadShape.iog" ":initialShadingGroup.dsm" -na;
+relationship "link" ":lightLinker1" ":initialShadingGroup.message" ":defaultLightSet.message";
+// End of small.ma
