@@ -80,6 +80,13 @@ TEST_F(BuiltinCommandTest, MatrixOutputsFollowChangesUpTheChain) {
     expectMatrix(doubles("getAttr b.wm"), {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 1, 2, 3, 1}, "after");
     ASSERT_TRUE(run("parent -r b drive"));
     expectMatrix(doubles("getAttr b.wm"), {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 1, 2, 0, 1}, "reparented");
+    // Reading the local matrix first must not leave the world matrix behind.
+    ASSERT_TRUE(run("setAttr b.tx 4; getAttr b.m"));
+    expectMatrix(doubles("getAttr b.wm"), {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 4, 2, 0, 1},
+                 "local read first");
+    // A parent moved with its children carries them along.
+    ASSERT_TRUE(run("parent -r drive a"));
+    expectMatrix(doubles("getAttr b.wm"), {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 4, 4, 3, 1}, "subtree moved");
     // Plugs that are not matrix outputs keep their stored values.
     ASSERT_TRUE(run("addAttr -ln extra -at matrix b"));
     expectMatrix(doubles("getAttr b.extra"), kIdentity, "dynamic matrix");

@@ -123,6 +123,7 @@ void Node::setParent(Node* parent) {
 }
 
 void Node::setParent(Node* parent, std::size_t position) {
+    if (!children_.empty()) noteHierarchyChange();
     if (parent_) {
         auto& siblings = parent_->children_;
         siblings.erase(std::remove(siblings.begin(), siblings.end(), this), siblings.end());

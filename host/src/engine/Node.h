@@ -19,6 +19,11 @@ class ChangeJournal;
 // Counts every change to any node or to the scene; evaluation caches compare against it.
 void noteSceneChange();
 uint64_t sceneChangeCount();
+// Counts the changes that may move nodes below the one changed: a change to a node with children,
+// or a node with children given a new parent. A world matrix whose ancestors depend only on one
+// another stays valid while this count stands.
+void noteHierarchyChange();
+uint64_t hierarchyChangeCount();
 
 class Node : public std::enable_shared_from_this<Node> {
 public:
@@ -87,6 +92,13 @@ public:
 
     uint64_t version() const { return version_; }
     void touch() {
+        ++version_;
+        noteSceneChange();
+        if (!children_.empty()) noteHierarchyChange();
+    }
+    // A change to what the node feeds (a connection made from it or taken away): its values, and so
+    // the nodes below it, stay as they were.
+    void touchAsSource() {
         ++version_;
         noteSceneChange();
     }

@@ -73,12 +73,21 @@ std::string Scene::uniqueName(const std::string& requested, const Node* parent, 
     if (!hash && nameAvailable(base, parent, self)) return base;
     auto [stem, number] = splitTrailingNumber(base);
     const long long first = hash || number < 0 ? 1 : number + 1;
-    // Counting from 1 may start where the last count for this stem and context ended.
+    // A number the host picks ('#', default names) makes the name unique in the whole scene, so a
+    // chain of new joints reads joint1|joint2|joint3; a clash of a given name is resolved among
+    // siblings only. Counting from 1 may start where the last count for this stem and context ended.
     const bool dag = self ? self->isDag() : parent != nullptr;
-    const uint64_t context = dag ? (parent ? parent->id() : 0) : ~uint64_t{0};
+    const bool global = hash || !dag;
+    const uint64_t context = global ? ~uint64_t{0} : (parent ? parent->id() : 0);
+    const auto available = [&](const std::string& name) {
+        if (!global) return nameAvailable(name, parent, self);
+        auto range = byName_.equal_range(name);
+        return std::all_of(range.first, range.second,
+                           [&](const auto& entry) { return entry.second == self; });
+    };
     long long& known = freeSuffixFrom_[{stem, context}];
     long long n = first == 1 ? std::max(first, known) : first;
-    while (!nameAvailable(stem + std::to_string(n), parent, self)) ++n;
+    while (!available(stem + std::to_string(n))) ++n;
     if (first == 1) known = n;
     return stem + std::to_string(n);
 }
@@ -365,9 +374,10 @@ bool Scene::connect(const Plug& source, const Plug& destination, bool force, std
         if (error) *error = "Cannot connect a plug to itself or to a plug within it: " + plugName(source);
         return false;
     }
-    for (auto it = connections_.begin(); it != connections_.end(); ++it) {
-        if (it->destination != destination) continue;
-        if (it->source == source) {
+    const auto existing = sources_.find(destination);
+    if (existing != sources_.end()) {
+        const Plug replaced = existing->second;
+        if (replaced == source) {
             if (error) *error = plugName(source) + " is already connected to " + plugName(destination) + ".";
             return false;
         }
@@ -375,20 +385,17 @@ bool Scene::connect(const Plug& source, const Plug& destination, bool force, std
             if (error)
                 *error = "The destination attribute '" + plugName(destination) +
                          "' cannot be connected: it already has an incoming connection from '" +
-                         plugName(it->source) + "'.";
+                         plugName(replaced) + "'.";
             return false;
         }
-        const Connection replaced = *it;
-        eraseConnections([&](const Connection& c) {
-            return c.source == replaced.source && c.destination == replaced.destination;
-        });
-        break;
+        eraseConnections(
+            [&](const Connection& c) { return c.source == replaced && c.destination == destination; });
     }
     connections_.push_back({source, destination});
-    ++connectionsGeneration_;
+    sources_.emplace(destination, source);
     if (ChangeJournal* journal = recordingJournal())
         journal->connectionAdded(connections_.back(), connections_.size() - 1);
-    source.node()->touch();
+    source.node()->touchAsSource();
     destination.node()->touch();
     touch();
     return true;
@@ -409,13 +416,6 @@ bool Scene::disconnect(const Plug& source, const Plug& destination, std::string*
 }
 
 Plug Scene::sourceOf(const Plug& destination) const {
-    if (connections_.empty()) return Plug();
-    if (sourcesGeneration_ != connectionsGeneration_ || sourcesBuiltFor_ != connections_.size()) {
-        sources_.clear();
-        for (const Connection& c : connections_) sources_.emplace(c.destination, c.source);
-        sourcesGeneration_ = connectionsGeneration_;
-        sourcesBuiltFor_ = connections_.size();
-    }
     auto it = sources_.find(destination);
     return it == sources_.end() ? Plug() : it->second;
 }
@@ -452,13 +452,18 @@ template <class Pred> void Scene::eraseConnections(Pred doomed) {
     for (std::size_t i = 0, r = 0; i < connections_.size(); ++i) {
         if (r < removed.size() && removed[r] == i) {
             ++r;
+            forgetSource(connections_[i]);
             continue;
         }
         if (kept != i) connections_[kept] = std::move(connections_[i]);
         ++kept;
     }
     connections_.resize(kept);
-    ++connectionsGeneration_;
+}
+
+void Scene::forgetSource(const Connection& connection) {
+    const auto it = sources_.find(connection.destination);
+    if (it != sources_.end() && it->second == connection.source) sources_.erase(it);
 }
 
 std::size_t Scene::takeNodeOut(const NodePtr& node, std::size_t listIndex) {
@@ -485,10 +490,11 @@ std::size_t Scene::takeConnectionOut(const Connection& connection, std::size_t i
     if (index >= connections_.size() || !same(connections_[index]))
         index = static_cast<std::size_t>(std::find_if(connections_.begin(), connections_.end(), same) -
                                          connections_.begin());
-    if (index < connections_.size())
+    if (index < connections_.size()) {
+        forgetSource(connections_[index]);
         connections_.erase(connections_.begin() + static_cast<std::ptrdiff_t>(index));
-    ++connectionsGeneration_;
-    connection.source.node()->touch();
+    }
+    connection.source.node()->touchAsSource();
     connection.destination.node()->touch();
     return index;
 }
@@ -496,8 +502,8 @@ std::size_t Scene::takeConnectionOut(const Connection& connection, std::size_t i
 void Scene::putConnectionBack(const Connection& connection, std::size_t index) {
     connections_.insert(
         connections_.begin() + static_cast<std::ptrdiff_t>(std::min(index, connections_.size())), connection);
-    ++connectionsGeneration_;
-    connection.source.node()->touch();
+    sources_.emplace(connection.destination, connection.source);
+    connection.source.node()->touchAsSource();
     connection.destination.node()->touch();
 }
 
@@ -518,7 +524,15 @@ void Scene::setCurrentTime(double frame) {
 
 namespace {
 uint64_t changeCount = 0;
+uint64_t hierarchyCount = 1; // 0 marks a world matrix that is never taken without checking
 } // namespace
+
+void noteHierarchyChange() {
+    ++hierarchyCount;
+}
+uint64_t hierarchyChangeCount() {
+    return hierarchyCount;
+}
 
 void noteSceneChange() {
     ++changeCount;

@@ -95,6 +95,7 @@ private:
     void nameFreed(const std::string& name);
     // Removes the connections `doomed` picks, in one pass, recording each.
     template <class Pred> void eraseConnections(Pred doomed);
+    void forgetSource(const Connection& connection);
 
     std::vector<NodePtr> nodes_;
     std::unordered_multimap<std::string, Node*> byName_;
@@ -102,12 +103,9 @@ private:
     // every numbered name below this suffix is taken, so finding a free one need not count from 1.
     std::map<std::pair<std::string, uint64_t>, long long> freeSuffixFrom_;
     std::vector<Connection> connections_;
-    // Destination -> source, rebuilt after connections change: reading a value checks its
-    // incoming connection, and that must not cost a scan per read.
-    mutable std::unordered_map<Plug, Plug, PlugHash> sources_;
-    mutable std::size_t sourcesBuiltFor_ = ~std::size_t{0};
-    mutable uint64_t sourcesGeneration_ = 0;
-    uint64_t connectionsGeneration_ = 0;
+    // Destination -> source, kept with every change to the connections: reading a value checks its
+    // incoming connection, and making a connection checks the destination's, neither by a scan.
+    std::unordered_map<Plug, Plug, PlugHash> sources_;
     SelectionList selection_;
     std::map<std::string, OptionValue> optionVars_;
     double currentTime_ = 1.0;

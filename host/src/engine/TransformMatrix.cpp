@@ -152,6 +152,9 @@ struct TransformCache {
     uint64_t parentId = 0, parentStamp = 0;
     uint64_t stamp = 0;
     Matrix world;
+    // The hierarchy change count when the world matrix was last found valid along the whole chain,
+    // or 0 when an ancestor depends on something off the chain.
+    uint64_t chainChecked = 0;
 };
 
 uint64_t lastStamp = 0;
@@ -193,6 +196,8 @@ TransformCache& localEntry(const Node& node, bool& changed) {
     changed = !cache.localValid || cache.nodeVersion != node.version() ||
               (cache.sceneKeyed && cache.sceneVersion != sceneChangeCount()) || sourcesChanged(cache);
     if (!changed) return cache;
+    // The world matrix was made from the old local one.
+    cache.worldValid = false;
     cache.localValid = true;
     cache.nodeVersion = node.version();
     cache.sceneVersion = sceneChangeCount();
@@ -211,17 +216,57 @@ TransformCache& localEntry(const Node& node, bool& changed) {
     return cache;
 }
 
-// The node's cache with up-to-date local and world matrices, walking the ancestors from the top
-// down without recursion.
+// Whether the node's local matrix depends on nothing but itself and its ancestors. Sources are
+// usually the parent alone (a joint's inverse scale).
+bool dependsOnlyOnAncestors(const Node& node, const TransformCache& cache) {
+    if (cache.sceneKeyed) return false;
+    for (const auto& source : cache.sources) {
+        const NodePtr feeding = source.first.lock();
+        const Node* p = node.parent();
+        while (p && p != feeding.get()) p = p->parent();
+        if (!p) return false;
+    }
+    return true;
+}
+
+bool sameMatrix(const Matrix& a, const Matrix& b) {
+    for (int r = 0; r < 4; ++r)
+        for (int c = 0; c < 4; ++c)
+            if (a.m[r][c] != b.m[r][c]) return false;
+    return true;
+}
+
+// The node's world matrix taken without looking at its ancestors: valid when nothing that can move
+// them has changed since the chain above was last checked, and the node's own local matrix and
+// parent are as they were. A touch that left the local matrix as it was (a new outgoing connection)
+// keeps it.
+TransformCache* unchangedWorld(const Node& node) {
+    TransformCache& cache = cacheOf(node);
+    if (!cache.worldValid || cache.chainChecked != hierarchyChangeCount()) return nullptr;
+    const Matrix local = cache.local;
+    const bool inherits = cache.inherits;
+    bool changed = false;
+    localEntry(node, changed);
+    if (changed && sameMatrix(local, cache.local) && inherits == cache.inherits) cache.worldValid = true;
+    const uint64_t aboveId = cache.inherits && node.parent() ? node.parent()->id() : 0;
+    return cache.worldValid && cache.parentId == aboveId ? &cache : nullptr;
+}
+
+// The node's cache with up-to-date local and world matrices: the ancestors are walked up to the
+// first whose world matrix stands (or the top), then computed from there down, without recursion.
 TransformCache& worldEntry(const Node& node) {
-    std::vector<const Node*> chain;
-    for (const Node* p = &node; p; p = p->parent()) {
-        chain.push_back(p);
+    if (TransformCache* cache = unchangedWorld(node)) return *cache;
+    std::vector<const Node*> chain{&node};
+    TransformCache* standing = nullptr;
+    const Node* top = node.parent();
+    for (; top && !(standing = unchangedWorld(*top)); top = top->parent()) {
+        chain.push_back(top);
         if (chain.size() > (1u << 20)) break; // a cycle cannot come from the engine's mutators
     }
-    const TransformCache* parent = nullptr;
+    const TransformCache* parent = standing;
     TransformCache* self = nullptr;
-    uint64_t parentId = 0;
+    uint64_t parentId = standing ? top->id() : 0;
+    bool ancestorsContained = !standing || dependsOnlyOnAncestors(*top, *standing);
     for (std::size_t i = chain.size(); i-- > 0;) {
         bool changed = false;
         TransformCache& cache = localEntry(*chain[i], changed);
@@ -234,6 +279,8 @@ TransformCache& worldEntry(const Node& node) {
             cache.parentStamp = aboveStamp;
             cache.stamp = ++lastStamp;
         }
+        cache.chainChecked = ancestorsContained ? hierarchyChangeCount() : 0;
+        ancestorsContained = ancestorsContained && dependsOnlyOnAncestors(*chain[i], cache);
         parent = self = &cache;
         parentId = chain[i]->id();
     }
