@@ -48,10 +48,8 @@ void readWeightMap(const MPlug& weights, double* dense, unsigned int size) {
 void replaceWeightMap(const MPlug& weights, const core::WeightMap& writes) {
     const host::Plug* array = weights.hostPlug().get();
     if (!array || !array->isArray()) return;
-    host::Slot* slot = array->slotForWrite();
-    if (!slot) return;
-    host::SparseArray<host::Slot>& elements = slot->elementSlots();
-    elements.clear();
+    host::SparseArray<host::Slot> elements;
+    elements.reserve(writes.size());
     // Weight maps are single precision: stored as a float plug write stores them.
     const bool single = array->attr()->type == host::AttrType::Float;
     for (std::size_t k = 0; k < writes.size(); ++k) {
@@ -60,7 +58,8 @@ void replaceWeightMap(const MPlug& weights, const core::WeightMap& writes) {
             single ? static_cast<double>(static_cast<float>(writes.weights[k])) : writes.weights[k];
         elements.obtain(static_cast<uint32_t>(writes.indices[k])).value = weight;
     }
-    array->node()->touch();
+    // The old map goes to the undo journal as it is.
+    if (array->exchangeElements(elements)) array->node()->touch();
 }
 
 } // namespace pytalven

@@ -94,6 +94,19 @@ void ChangeJournal::slotWrite(const Plug& plug) {
     save(places[target]);
 }
 
+bool ChangeJournal::takesWholeSlot(const Plug& plug) const {
+    if (plug.isNull() || isNew(*plug.node())) return false;
+    for (const Plug& place : placesOf(plug))
+        if (savedSlots_.count(place)) return false;
+    return true;
+}
+
+void ChangeJournal::keepSlot(const Plug& plug, Slot old) {
+    savedSlots_.insert(plug);
+    lastSavedArray_ = plug;
+    changes_.push_back(slotChange(plug, std::move(old)));
+}
+
 void ChangeJournal::save(const Plug& location) {
     savedSlots_.insert(location);
     changes_.push_back(slotChange(location));

@@ -43,6 +43,10 @@ public:
     void connectionAdded(const Connection& connection, std::size_t index);
     void connectionRemoved(const Connection& connection, std::size_t index);
     void slotWrite(const Plug& plug);
+    // A whole multi about to be replaced: true when the command has saved neither it nor a place
+    // above it, and the caller then hands the old state over with keepSlot instead of a copy.
+    bool takesWholeSlot(const Plug& plug) const;
+    void keepSlot(const Plug& plug, Slot old);
     void meshWrite(Node& node, const std::shared_ptr<MeshData>& mesh);
     void aliasesWrite(Node& node, const Node::AliasList& aliases);
     void attrAdded(Node& node, const AttrSpec* attr);

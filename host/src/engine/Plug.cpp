@@ -109,6 +109,24 @@ const Slot* Plug::slot() const {
 Slot* Plug::slotForWrite() const {
     if (isNull() || !node_->alive() || !isComplete()) return nullptr;
     if (ChangeJournal* journal = recordingJournal()) journal->slotWrite(*this);
+    return locateForWrite();
+}
+
+bool Plug::exchangeElements(SparseArray<Slot>& elements) const {
+    if (isNull() || !isArray() || !node_->alive() || !isComplete()) return false;
+    Slot* slot = locateForWrite();
+    ChangeJournal* journal = recordingJournal();
+    if (journal && journal->takesWholeSlot(*this)) {
+        Slot old;
+        old.value = slot->value;
+        old.elements = std::move(slot->elements);
+        journal->keepSlot(*this, std::move(old));
+    }
+    std::swap(slot->elementSlots(), elements);
+    return true;
+}
+
+Slot* Plug::locateForWrite() const {
     const Chain chain(attr_);
     Slot* s = &node_->topSlot(chain.front());
     int level = 0;

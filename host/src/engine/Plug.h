@@ -42,6 +42,9 @@ public:
     // Value access. Reading an unset value gives the attribute's default.
     const Slot* slot() const;
     Slot* slotForWrite() const;
+    // Swaps the elements of this multi with `elements`: a whole map replaced without a copy of the
+    // old one, which the undo journal keeps as it was. False when the plug is not a multi.
+    bool exchangeElements(SparseArray<Slot>& elements) const;
     Value value() const;
     bool setValue(Value value) const; // false if the plug is not a complete leaf plug
     bool hasStoredValue() const { return slot() != nullptr; }
@@ -61,6 +64,9 @@ public:
     std::size_t hash() const;
 
 private:
+    // The slot a write goes to, created as needed, without telling the undo journal.
+    Slot* locateForWrite() const;
+
     NodePtr node_;
     const AttrSpec* attr_ = nullptr;
     std::array<uint32_t, kMaxDepth> indices_{};

@@ -69,6 +69,7 @@ public:
         present_ = slot || !location_.isElement();
         if (slot) other_ = slot->clone();
     }
+    SlotChange(const Plug& location, Slot saved) : location_(location), other_(std::move(saved)) {}
     void swap(Scene&) override {
         // Changes are swapped in order, so the node is in the scene whenever its values are.
         Slot* slot = location_.isElement() ? location_.array().slotForWrite() : location_.slotForWrite();
@@ -201,6 +202,9 @@ std::unique_ptr<Change> connectionPresence(Connection connection, std::size_t in
 }
 std::unique_ptr<Change> slotChange(const Plug& location) {
     return std::make_unique<SlotChange>(location);
+}
+std::unique_ptr<Change> slotChange(const Plug& location, Slot saved) {
+    return std::make_unique<SlotChange>(location, std::move(saved));
 }
 std::unique_ptr<Change> meshChange(NodePtr node, std::shared_ptr<MeshData> other) {
     return std::make_unique<MeshChange>(std::move(node), std::move(other));

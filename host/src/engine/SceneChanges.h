@@ -14,6 +14,8 @@ std::unique_ptr<Change> nameChange(NodePtr node, std::string otherName);
 std::unique_ptr<Change> connectionPresence(Connection connection, std::size_t index, bool inScene);
 // The value storage at a multi element (which may be missing), a multi or a top-level attribute.
 std::unique_ptr<Change> slotChange(const Plug& location);
+// The same for a state already taken out of the slot.
+std::unique_ptr<Change> slotChange(const Plug& location, Slot saved);
 std::unique_ptr<Change> meshChange(NodePtr node, std::shared_ptr<MeshData> other);
 std::unique_ptr<Change> aliasChange(NodePtr node, Node::AliasList other);
 // A dynamic attribute on the node now (`detached` empty) or taken out (held in `detached`).

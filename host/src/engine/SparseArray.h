@@ -3,6 +3,8 @@
 // physical positions are array positions. Appending in ascending order is O(1); out-of-order
 // inserts are gathered in a side buffer and merged in one sort when positions are next needed, so
 // writing a million elements in any order stays n log n.
+#include "engine/HugePages.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <numeric>
@@ -51,6 +53,14 @@ public:
         keys_.erase(it);
         values_.erase(values_.begin() + pos);
         return true;
+    }
+
+    // Room for `count` elements; a large one asks for huge pages before it is filled.
+    void reserve(std::size_t count) {
+        keys_.reserve(count);
+        values_.reserve(count);
+        preferHugePages(keys_.data(), keys_.capacity() * sizeof(uint32_t));
+        preferHugePages(values_.data(), values_.capacity() * sizeof(T));
     }
 
     void clear() {

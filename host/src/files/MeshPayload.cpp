@@ -1,7 +1,7 @@
 #include "files/MeshPayload.h"
 
 #include "commands/TextValues.h"
-#include "files/HugePages.h"
+#include "engine/HugePages.h"
 #include "files/MeshStatements.h"
 
 namespace host {

@@ -1,6 +1,6 @@
 #include "files/MeshWriter.h"
 
-#include "files/HugePages.h"
+#include "engine/HugePages.h"
 #include "files/MaText.h"
 #include "files/MeshColorSets.h"
 #include "files/SceneFileStore.h"

@@ -1,6 +1,6 @@
 #include "files/WholeFile.h"
 
-#include "files/HugePages.h"
+#include "engine/HugePages.h"
 
 #include <filesystem>
 #include <fstream>

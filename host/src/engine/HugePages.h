@@ -1,6 +1,6 @@
 #pragma once
-// Large file buffers (a scene's text, its geometry numbers) are filled once from start to end; backed
-// by huge pages they take one page fault per 2 MB instead of one per 4 KB.
+// Large buffers (a scene's text, its geometry numbers, a million-element multi) are filled once from
+// start to end; backed by huge pages they take one page fault per 2 MB instead of one per 4 KB.
 #include <cstddef>
 
 namespace host {

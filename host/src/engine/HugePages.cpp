@@ -1,4 +1,4 @@
-#include "files/HugePages.h"
+#include "engine/HugePages.h"
 
 #include <cstdint>
 #include <sys/mman.h>
