@@ -4,6 +4,7 @@
 #include "Reporter.h"
 #include "Shell.h"
 
+#include "engine/HugePages.h"
 #include "engine/MessageLog.h"
 #include "engine/Scene.h"
 #include "lang/CommandTable.h"
@@ -14,6 +15,7 @@
 #include <unistd.h>
 
 int main(int argc, char** argv) {
+    host::restartWithHugePageHeap(argv);
     app::Options options;
     std::string error;
     if (!app::parseOptions(argc, argv, options, error)) {

@@ -1,7 +1,10 @@
 #include "engine/HugePages.h"
 
 #include <cstdint>
+#include <cstdlib>
+#include <string>
 #include <sys/mman.h>
+#include <unistd.h>
 
 namespace host {
 
@@ -14,6 +17,21 @@ void preferHugePages(const void* data, std::size_t size) {
 #else
     (void)data;
     (void)size;
+#endif
+}
+
+void restartWithHugePageHeap(char** argv) {
+#if defined(__SANITIZE_ADDRESS__)
+    (void)argv;
+#else
+    const char* current = std::getenv("GLIBC_TUNABLES");
+    std::string tunables = current ? current : "";
+    if (tunables.find("glibc.malloc.hugetlb") != std::string::npos) return;
+    if (!tunables.empty()) tunables += ':';
+    tunables += "glibc.malloc.hugetlb=1:glibc.malloc.mmap_threshold=1073741824:"
+                "glibc.malloc.trim_threshold=1073741824";
+    if (::setenv("GLIBC_TUNABLES", tunables.c_str(), 1) != 0) return;
+    ::execv("/proc/self/exe", argv);
 #endif
 }
 
