@@ -300,9 +300,13 @@ def sceneFiles(label, co, counts, loops, objPath):
     megabytes = os.path.getsize(ma) / 1e6
     talvenReopen = talvenTime("ls;\n", "file -f -o %s;\n" % quoted(ma))
     talvenImport = talvenTime("ls;\n", setup)
-    row(label, "save .blend / .ma (%.0f MB: %.0f MB/s)" % (megabytes, megabytes / max(talvenSave, 1e-9)),
-        save, talvenSave)
-    row(label, "reopen .blend / .ma (%.0f MB/s)" % (megabytes / max(talvenReopen, 1e-9)), reopen, talvenReopen)
+    # A difference of process times at or below zero means the operation was lost in the set-up's
+    # spread (a loaded machine): no rate is given then.
+    def rate(seconds):
+        return "%.0f MB/s" % (megabytes / seconds) if seconds > 0 else "below the set-up's spread"
+
+    row(label, "save .blend / .ma (%.0f MB: %s)" % (megabytes, rate(talvenSave)), save, talvenSave)
+    row(label, "reopen .blend / .ma (%s)" % rate(talvenReopen), reopen, talvenReopen)
     row(label, "OBJ import", statistics.median(imp), talvenImport)
 
 
