@@ -2,7 +2,7 @@
 # Installs the Debian packages Talven builds and tests with; does nothing when all are present.
 set -euo pipefail
 packages=(build-essential cmake ninja-build ccache clang libclang-rt-14-dev
-          libgtest-dev libgmock-dev libbenchmark-dev libtbb-dev libembree-dev
+          libgtest-dev libgmock-dev libbenchmark-dev libtbb-dev
           libtinyobjloader-dev libedit-dev pybind11-dev python3-dev python3-numpy
           python3-pytest)
 missing=()

@@ -40,15 +40,17 @@ Matrix flatten(const double (*matrix)[4]) {
     return flat;
 }
 
-std::shared_ptr<const ClosestPointIndex> build(const MeshData& mesh, const double (*matrix)[4],
-                                               const std::vector<int>* faces) {
+std::shared_ptr<const ClosestPointIndex> build(const std::shared_ptr<const MeshData>& mesh,
+                                               const double (*matrix)[4], const std::vector<int>* faces) {
     ClosestPointMesh input;
-    input.points = mesh.points.data();
-    input.numPoints = mesh.points.size();
-    input.faceCounts = mesh.faceCounts.data();
-    input.numFaces = mesh.faceCounts.size();
-    input.faceConnects = mesh.faceConnects.data();
-    input.numConnects = mesh.faceConnects.size();
+    input.points = mesh->points.data();
+    input.numPoints = mesh->points.size();
+    input.faceCounts = mesh->faceCounts.data();
+    input.numFaces = mesh->faceCounts.size();
+    input.faceConnects = mesh->faceConnects.data();
+    input.numConnects = mesh->faceConnects.size();
+    // Shared mesh data is never changed, so the index may read its points in place.
+    input.owner = mesh;
     input.matrix = matrix;
     if (faces) {
         input.faces = faces->data();
@@ -78,7 +80,7 @@ std::shared_ptr<const ClosestPointIndex> closestPointIndexOf(const std::shared_p
     }
     // Built outside the lock: building takes long and may run beside other searches.
     Entry entry{mesh, flat, faces == nullptr, faces ? *faces : std::vector<int>(),
-                build(*mesh, matrix, faces)};
+                build(mesh, matrix, faces)};
     std::shared_ptr<const ClosestPointIndex> index = entry.index;
     std::lock_guard<std::mutex> lock(kept.mutex);
     kept.entries.insert(kept.entries.begin(), std::move(entry));

@@ -1,9 +1,8 @@
 #include "mesh/ClosestPointIndex.h"
 
 #include "mesh/FloatLanes.h"
+#include "mesh/MortonCurve.h"
 #include "mesh/TriangleDistance.h"
-
-#include <embree3/rtcore.h>
 
 #include <algorithm>
 #include <cfloat>
@@ -15,9 +14,16 @@
 namespace host {
 namespace {
 
+constexpr std::int32_t kNone = std::numeric_limits<std::int32_t>::min();
+constexpr std::uint32_t kThin = 1u << 31;
+// Pending children of a walk at most: fewer than kWidth per level of a tree whose every level
+// takes a bit of the 30-bit codes or halves a run of at most 2^32 triangles.
+constexpr std::size_t kStackSize = 256;
+// Box distances are measured in floats: shrunk by this much they stay at most the true ones.
+constexpr float kShrink = 1.f - 1e-5f;
 // The leading code bits that pick a bucket of clusters.
-constexpr int kBucketBits = 18;
-constexpr int kBucketShift = 63 - kBucketBits;
+constexpr int kBucketBits = 16;
+constexpr int kBucketShift = 30 - kBucketBits;
 
 Vec3 toVec3(const std::array<float, 3>& p) {
     return {p[0], p[1], p[2]};
@@ -44,18 +50,6 @@ struct Affine {
         return (c0 * n.x + c1 * n.y + c2 * n.z) * sign;
     }
 };
-
-// A float at most `value`: the nearest one less at least a unit in its last place (without the
-// branch or the library call of rounding down exactly).
-float roundDown(double value) {
-    const float nearest = toFloat(value);
-    if (nearest == std::numeric_limits<float>::infinity()) return FLT_MAX;
-    return nearest - (std::fabs(nearest) * FLT_EPSILON + FLT_MIN);
-}
-
-double component(const Vec3& v, int axis) {
-    return axis == 0 ? v.x : axis == 1 ? v.y : v.z;
-}
 
 // Newell's normal, which also suits non-planar and concave faces.
 std::array<float, 3> faceNormal(const ClosestPointMesh& mesh, const int* vertices, int count,
@@ -90,6 +84,22 @@ std::vector<std::size_t> faceOffsets(const ClosestPointMesh& mesh) {
     return offsets;
 }
 
+// The faces to index: the selected ones that can be, or all that can be.
+std::vector<int> indexedFaces(const ClosestPointMesh& mesh, const std::vector<std::size_t>& offsets) {
+    std::vector<int> selected;
+    if (mesh.faces) {
+        for (std::size_t i = 0; i < mesh.numSelectedFaces; ++i) {
+            const int f = mesh.faces[i];
+            if (f >= 0 && static_cast<std::size_t>(f) < mesh.numFaces && offsets[f] != npos)
+                selected.push_back(f);
+        }
+    } else {
+        for (std::size_t f = 0; f < mesh.numFaces; ++f)
+            if (offsets[f] != npos) selected.push_back(static_cast<int>(f));
+    }
+    return selected;
+}
+
 bool isFinite(const std::array<float, 3>& p) {
     return std::isfinite(p[0]) && std::isfinite(p[1]) && std::isfinite(p[2]);
 }
@@ -102,422 +112,282 @@ float upper(float a, float b) {
     return a < b ? b : a;
 }
 
-// The position of the smallest of n values.
-template <std::size_t n> std::size_t smallest(const float (&values)[n]) {
-    std::size_t best = 0;
-    for (std::size_t i = 1; i < n; ++i) best = values[i] < values[best] ? i : best;
-    return best;
-}
-
-// The third axis of a cluster's frame, computed alike when the boxes are measured and when a
-// point is brought into the frame.
-void frameAxis(const float (&axes)[2][3], float (&third)[3]) {
-    third[0] = axes[0][1] * axes[1][2] - axes[0][2] * axes[1][1];
-    third[1] = axes[0][2] * axes[1][0] - axes[0][0] * axes[1][2];
-    third[2] = axes[0][0] * axes[1][1] - axes[0][1] * axes[1][0];
+// Where a run of codes along the curve splits: at the wall of the largest octree cell inside it,
+// or in half when all its codes are equal. Both parts hold something.
+std::size_t splitRun(const std::vector<std::uint32_t>& codes, std::size_t begin, std::size_t end) {
+    const std::uint32_t first = codes[begin], last = codes[end - 1];
+    if (first == last) return begin + (end - begin) / 2;
+    std::uint32_t bit = std::uint32_t{1} << 31;
+    while (!((first ^ last) & bit)) bit >>= 1;
+    return static_cast<std::size_t>(
+        std::partition_point(codes.begin() + static_cast<std::ptrdiff_t>(begin),
+                             codes.begin() + static_cast<std::ptrdiff_t>(end),
+                             [bit](std::uint32_t code) { return !(code & bit); }) -
+        codes.begin());
 }
 
 } // namespace
 
+struct ClosestPointIndex::Box {
+    float lo[3] = {FLT_MAX, FLT_MAX, FLT_MAX};
+    float hi[3] = {-FLT_MAX, -FLT_MAX, -FLT_MAX};
+    void add(const std::array<float, 3>& p) {
+        for (int k = 0; k < 3; ++k) lo[k] = lower(lo[k], p[k]), hi[k] = upper(hi[k], p[k]);
+    }
+    void add(const Box& box) {
+        for (int k = 0; k < 3; ++k) lo[k] = lower(lo[k], box.lo[k]), hi[k] = upper(hi[k], box.hi[k]);
+    }
+};
+
 struct ClosestPointIndex::Search {
     const ClosestPointIndex& index;
     Vec3 point;
-    // The float copy of the point handed to Embree, with the search sphere's radius: the sphere
-    // holds every triangle closer than the best hit, with room for float arithmetic.
-    RTCPointQuery query;
-    // How far the float copy lies from the point.
+    // The float copy of the point that boxes are measured from, how far it lies from the point,
+    // and the search sphere's radius around it: the sphere holds every triangle closer than the
+    // best hit, with room for float arithmetic.
+    float at[3];
     double slack;
+    float radius;
     // The squared limit until something is found, then the squared distance of the best hit.
     double bestDistance2;
     bool found = false;
-    // The best hit's cluster and its place there, and the point on it.
-    std::size_t cluster = 0, clusterSlot = 0;
+    std::size_t bestTriangle = 0;
     TrianglePoint best{};
-    // The clusters measured before the walk, which it need not measure again.
-    std::size_t seeds[2];
-    int numSeeds = 0;
 
     Search(const ClosestPointIndex& index, const std::array<double, 3>& p, double maxDistance)
         : index(index), point{p[0], p[1], p[2]}, bestDistance2(maxDistance * maxDistance) {
-        query.x = static_cast<float>(p[0]);
-        query.y = static_cast<float>(p[1]);
-        query.z = static_cast<float>(p[2]);
-        query.time = 0.f;
-        const Vec3 rounded = Vec3{query.x, query.y, query.z} - point;
+        for (int k = 0; k < 3; ++k) at[k] = static_cast<float>(p[k]);
+        const Vec3 rounded = Vec3{at[0], at[1], at[2]} - point;
         slack = std::sqrt(dot(rounded, rounded));
-        query.radius = sphereRadius(maxDistance);
+        radius = sphereRadius(maxDistance);
     }
 
     float sphereRadius(double distance) const { return toFloat((distance + slack) * (1.0 + 1e-6)); }
+    bool beyondReach(float gap2) const { return gap2 * kShrink > radius * radius; }
+    bool atThePoint() const { return found && bestDistance2 == 0.0; }
 
-    // The point in a cluster's frame, with an allowance far above the rounding of these lines.
-    struct Local {
-        float p[3];
-        float allowance;
-    };
-    Local local(const ClusterFrame& frame) const {
-        const float v[3] = {query.x - frame.origin[0], query.y - frame.origin[1], query.z - frame.origin[2]};
-        float third[3];
-        frameAxis(frame.axes, third);
-        const float* axes[3] = {frame.axes[0], frame.axes[1], third};
-        Local result;
-        for (int k = 0; k < 3; ++k) result.p[k] = axes[k][0] * v[0] + axes[k][1] * v[1] + axes[k][2] * v[2];
-        result.allowance = 1e-5f * (std::fabs(v[0]) + std::fabs(v[1]) + std::fabs(v[2]));
-        return result;
-    }
-
-    // The squared distance from the point to a box along axis k, at most the true one.
-    static float boxGap(const Local& at, float lo, float hi, int k) {
-        // Clamping into the box, rather than branching on the side, keeps this branch-free.
-        const float gap = at.p[k] - lower(upper(at.p[k], lo - at.allowance), hi + at.allowance);
-        return gap * gap;
-    }
-    // The axes are orthonormal only to float precision.
-    static constexpr float kShrink = 1.f - 1e-5f;
-
-    // The squared distance from the point to the box of a cluster's triangles, at most the true one.
-    static float frameGap(const ClusterFrame& frame, const Local& at) {
-        float gap = 0.f;
-        for (int k = 0; k < 3; ++k) gap += boxGap(at, frame.lo[k], frame.hi[k], k);
-        return gap * kShrink;
-    }
-    // Measures the triangles of a cluster whose boxes reach into the sphere, the nearest box
-    // first: its triangle most likely shrinks the sphere for the others. The cluster's own box
-    // is tried first, in the one cache line of its frame.
-    void testCluster(std::size_t c, float& radius) {
-        const ClusterFrame& frame = index.frames_[c];
-        testCluster(c, local(frame), radius);
-    }
-    // The same, with the point already brought into the cluster's frame.
-    void testCluster(std::size_t c, const Local& at, float& radius) {
-        // Nothing beats a hit at the point itself.
-        if (found && bestDistance2 == 0.0) return;
-        const ClusterFrame& frame = index.frames_[c];
-        if (frameGap(frame, at) > radius * radius) return;
-        const Cluster& body = index.clusters_[c];
-        static_assert(kClusterSize % kLanes == 0, "whole lanes per cluster");
-        float gaps[kClusterSize];
-        for (std::size_t first = 0; first < kClusterSize; first += kLanes) {
-            const float* const lo[3] = {body.lo[0] + first, body.lo[1] + first, body.lo[2] + first};
-            const float* const hi[3] = {body.hi[0] + first, body.hi[1] + first, body.hi[2] + first};
-            const FloatLanes sum = squaredBoxGaps(at.p, lo, hi, at.allowance) * kShrink;
-            std::memcpy(gaps + first, &sum, sizeof sum);
+    void testTriangle(std::size_t t) {
+        const Triangle& triangle = index.triangles_[t];
+        const std::array<float, 3>* corners[3] = {&index.points_[triangle.corners[0]],
+                                                  &index.points_[triangle.corners[1]],
+                                                  &index.points_[triangle.corners[2]]};
+        // The triangle's box first: most triangles a walk reaches lie outside the sphere.
+        float gap2 = 0.f;
+        for (int k = 0; k < 3; ++k) {
+            const float a = (*corners[0])[k], b = (*corners[1])[k], c = (*corners[2])[k];
+            const float lo = lower(lower(a, b), c), hi = upper(upper(a, b), c);
+            const float gap = at[k] - lower(upper(at[k], lo), hi);
+            gap2 += gap * gap;
         }
-        const std::size_t first = smallest(gaps);
-        if (!(gaps[first] <= radius * radius)) return;
-        testTriangle(c, first, frame.thin, radius);
-        for (std::size_t i = 0; i < kClusterSize; ++i)
-            if (i != first && gaps[i] <= radius * radius) testTriangle(c, i, frame.thin, radius);
-    }
-
-    void testTriangle(std::size_t c, std::size_t slot, std::uint32_t thin, float& radius) {
-        const float* corners = index.clusters_[c].corners[slot];
-        const auto corner = [&](int j) {
-            return Vec3{corners[3 * j], corners[3 * j + 1], corners[3 * j + 2]};
-        };
-        const TrianglePoint closest = thin >> slot & 1u
-                                          ? closestOnThinTriangle(point, corner(0), corner(1), corner(2))
-                                          : closestOnTriangle(point, corner(0), corner(1), corner(2));
+        if (beyondReach(gap2)) return;
+        const Vec3 a = toVec3(*corners[0]), b = toVec3(*corners[1]), c = toVec3(*corners[2]);
+        const TrianglePoint closest = index.fans_[t] & kThin ? closestOnThinTriangle(point, a, b, c)
+                                                             : closestOnTriangle(point, a, b, c);
         const Vec3 offset = point - closest.point;
         const double distance2 = dot(offset, offset);
         if (found ? !(distance2 < bestDistance2) : !(distance2 <= bestDistance2)) return;
         found = true;
         bestDistance2 = distance2;
-        cluster = c;
-        clusterSlot = slot;
+        bestTriangle = t;
         best = closest;
         radius = std::min(radius, sphereRadius(std::sqrt(distance2)));
     }
 
-    // Seeds the search with the clusters either side of the point on the curve, the nearest
-    // first, then walks the scene.
+    void testCluster(std::size_t c) {
+        for (std::size_t t = index.clusterStarts_[c]; t < index.clusterStarts_[c + 1] && !atThePoint(); ++t)
+            testTriangle(t);
+    }
+
+    // Measures the clusters either side of the point on the curve, then walks the tree, the
+    // nearest child of each node first, until nothing left can hold a closer triangle; nothing
+    // beats a hit at the point itself.
     void run() {
         const double p[3] = {point.x, point.y, point.z};
-        const std::uint64_t code = index.curve_.code(p);
-        const std::uint64_t bucket = code >> kBucketShift;
+        const std::uint32_t code = index.curve_.code(p);
         const auto codes = index.clusterCodes_.begin();
-        const auto next =
-            static_cast<std::size_t>(std::upper_bound(codes + index.codeBuckets_[bucket],
-                                                      codes + index.codeBuckets_[bucket + 1], code) -
-                                     codes);
-        if (next > 0) seeds[numSeeds++] = next - 1;
-        if (next < index.clusters_.size()) seeds[numSeeds++] = next;
-        // The nearer seed first; each is brought into its frame once.
-        Local at[2];
-        float gaps[2];
-        for (int i = 0; i < numSeeds; ++i) {
-            const ClusterFrame& frame = index.frames_[seeds[i]];
-            at[i] = local(frame);
-            gaps[i] = frameGap(frame, at[i]);
+        const auto next = static_cast<std::size_t>(
+            std::upper_bound(codes + index.codeBuckets_[code >> kBucketShift],
+                             codes + index.codeBuckets_[(code >> kBucketShift) + 1], code) -
+            codes);
+        // Measured now, these need not be again in the walk.
+        const std::size_t seeds[2] = {next - 1, next};
+        if (next > 0) testCluster(seeds[0]);
+        if (next < index.clusterCodes_.size()) testCluster(seeds[1]);
+        struct Pending {
+            std::int32_t child;
+            float gap2;
+        };
+        Pending stack[kStackSize];
+        std::size_t top = 0;
+        stack[top++] = {index.root_, 0.f};
+        while (top > 0 && !atThePoint()) {
+            const Pending pending = stack[--top];
+            if (beyondReach(pending.gap2)) continue;
+            if (pending.child < 0) {
+                const auto cluster = static_cast<std::size_t>(~pending.child);
+                if (cluster != seeds[0] && cluster != seeds[1]) testCluster(cluster);
+                continue;
+            }
+            const Node& node = index.nodes_[static_cast<std::size_t>(pending.child)];
+            const float* const lo[3] = {node.lo[0], node.lo[1], node.lo[2]};
+            const float* const hi[3] = {node.hi[0], node.hi[1], node.hi[2]};
+            static_assert(kWidth == kLanes, "one lane per child");
+            const FloatLanes lanes = squaredBoxGaps(at, lo, hi, 0.f);
+            float gaps[kWidth];
+            std::memcpy(gaps, &lanes, sizeof gaps);
+            // The children within reach, pushed farthest first so that the nearest comes next.
+            Pending reached[kWidth];
+            std::size_t count = 0;
+            for (std::size_t i = 0; i < kWidth; ++i) {
+                if (node.children[i] == kNone || beyondReach(gaps[i])) continue;
+                std::size_t place = count++;
+                for (; place > 0 && reached[place - 1].gap2 < gaps[i]; --place)
+                    reached[place] = reached[place - 1];
+                reached[place] = {node.children[i], gaps[i]};
+            }
+            for (std::size_t i = 0; i < count; ++i) stack[top++] = reached[i];
         }
-        if (numSeeds == 2 && gaps[1] < gaps[0]) {
-            std::swap(seeds[0], seeds[1]);
-            std::swap(at[0], at[1]);
-        }
-        for (int i = 0; i < numSeeds; ++i) testCluster(seeds[i], at[i], query.radius);
-        if (!(found && bestDistance2 == 0.0)) {
-            RTCPointQueryContext context;
-            rtcInitPointQueryContext(&context);
-            rtcPointQuery(index.scene_, &query, &context, &Search::visit, this);
-        }
-    }
-
-    // The best hit's triangle, as a position on the curve (a short cluster repeats its last one).
-    std::size_t triangle() const {
-        return std::min<std::size_t>(index.clusterStarts_[cluster] + clusterSlot,
-                                     index.clusterStarts_[cluster + 1] - 1);
-    }
-
-    static bool visit(RTCPointQueryFunctionArguments* args) {
-        Search& search = *static_cast<Search*>(args->userPtr);
-        if (std::find(search.seeds, search.seeds + search.numSeeds, args->primID) !=
-            search.seeds + search.numSeeds)
-            return false;
-        const float radius = args->query->radius;
-        search.testCluster(args->primID, args->query->radius);
-        return args->query->radius < radius;
     }
 };
 
-ClosestPointIndex::ClosestPointIndex(const ClosestPointMesh& mesh) {
-    std::vector<Corners> corners = collectTriangles(mesh);
-    if (corners.empty()) return;
+ClosestPointIndex::ClosestPointIndex(const ClosestPointMesh& mesh) : root_(kNone) {
+    const std::vector<std::size_t> offsets = faceOffsets(mesh);
+    const std::vector<int> selected = indexedFaces(mesh, offsets);
+    std::size_t fanSize = 0;
+    for (int f : selected) fanSize += static_cast<std::size_t>(mesh.faceCounts[f] - 2);
+    if (fanSize == 0 || fanSize > std::numeric_limits<std::uint32_t>::max() / 2 ||
+        mesh.numPoints > std::numeric_limits<std::uint32_t>::max())
+        return;
+
+    std::optional<Affine> affine;
+    if (mesh.matrix) affine.emplace(mesh.matrix);
+    const Affine* transform = affine ? &*affine : nullptr;
+    if (transform) {
+        ownPoints_.resize(mesh.numPoints);
+        for (std::size_t i = 0; i < mesh.numPoints; ++i) {
+            const Vec3 p = transform->point(toVec3(mesh.points[i]));
+            ownPoints_[i] = {toFloat(p.x), toFloat(p.y), toFloat(p.z)};
+        }
+    } else if (!mesh.owner) {
+        ownPoints_.assign(mesh.points, mesh.points + mesh.numPoints);
+    }
+    owner_ = transform ? nullptr : mesh.owner;
+    points_ = owner_ ? mesh.points : ownPoints_.data();
+
+    // The faces along the curve through their centres.
     MortonCurve::Order order;
     {
-        std::vector<std::array<float, 3>> centres(corners.size());
-        for (std::size_t t = 0; t < corners.size(); ++t)
-            for (int axis = 0; axis < 3; ++axis)
-                centres[t][axis] = (corners[t][0][axis] + corners[t][1][axis] + corners[t][2][axis]) / 3.f;
+        std::vector<std::array<float, 3>> centres(selected.size());
+        for (std::size_t i = 0; i < selected.size(); ++i) {
+            const int f = selected[i];
+            const int* v = mesh.faceConnects + offsets[static_cast<std::size_t>(f)];
+            double sum[3] = {0.0, 0.0, 0.0};
+            for (int k = 0; k < mesh.faceCounts[f]; ++k)
+                for (int axis = 0; axis < 3; ++axis) sum[axis] += points_[v[k]][axis];
+            for (int axis = 0; axis < 3; ++axis) centres[i][axis] = toFloat(sum[axis] / mesh.faceCounts[f]);
+        }
         curve_ = MortonCurve(centres);
         order = curve_.sort(centres);
     }
-    // The triangles in curve order, read in that order from here on.
-    {
-        std::vector<Corners> sortedCorners(corners.size());
-        std::vector<Source> sortedSources(sources_.size());
-        for (std::size_t t = 0; t < corners.size(); ++t) {
-            sortedCorners[t] = corners[order.positions[t]];
-            sortedSources[t] = sources_[order.positions[t]];
+
+    // Their fan triangles with finite corners, in that order.
+    std::vector<std::uint32_t> codes;
+    codes.reserve(fanSize);
+    triangles_.reserve(fanSize);
+    fans_.reserve(fanSize);
+    faces_.reserve(selected.size());
+    for (std::size_t i = 0; i < order.positions.size(); ++i) {
+        const int f = selected[order.positions[i]];
+        const int count = mesh.faceCounts[f];
+        const int* v = mesh.faceConnects + offsets[static_cast<std::size_t>(f)];
+        const auto face = static_cast<std::uint32_t>(faces_.size());
+        faces_.push_back({f, faceNormal(mesh, v, count, transform)});
+        for (int k = 1; k + 1 < count; ++k) {
+            const auto &a = points_[v[0]], &b = points_[v[k]], &c = points_[v[k + 1]];
+            if (!isFinite(a) || !isFinite(b) || !isFinite(c)) continue;
+            triangles_.push_back({{static_cast<std::uint32_t>(v[0]), static_cast<std::uint32_t>(v[k]),
+                                   static_cast<std::uint32_t>(v[k + 1])},
+                                  face});
+            fans_.push_back(static_cast<std::uint32_t>(k - 1) |
+                            (isThin(toVec3(a), toVec3(b), toVec3(c)) ? kThin : 0u));
+            codes.push_back(order.codes[i]);
         }
-        corners.swap(sortedCorners);
-        sources_.swap(sortedSources);
     }
-    clusters_.reserve(corners.size() / (kClusterSize / 2) + 1);
-    frames_.reserve(clusters_.capacity());
-    cluster(corners, order.codes, 0, corners.size());
-    clusterStarts_.push_back(static_cast<std::uint32_t>(corners.size()));
+    order = {};
+    if (triangles_.empty()) return;
+    clusterStarts_.reserve(triangles_.size() / (kClusterSize / 2) + 2);
+    clusterCodes_.reserve(clusterStarts_.capacity());
+    nodes_.reserve(triangles_.size() / (kClusterSize * 2) + 1);
+    Box box;
+    root_ = buildTree(codes, 0, triangles_.size(), box);
+    clusterStarts_.push_back(static_cast<std::uint32_t>(triangles_.size()));
     codeBuckets_.resize((std::size_t{1} << kBucketBits) + 1);
     std::size_t c = 0;
     for (std::size_t bucket = 0; bucket < codeBuckets_.size(); ++bucket) {
         while (c < clusterCodes_.size() && clusterCodes_[c] >> kBucketShift < bucket) ++c;
         codeBuckets_[bucket] = static_cast<std::uint32_t>(c);
     }
-    buildScene();
-    clusterBoxes_ = {};
-    if (!scene_) release();
 }
 
-ClosestPointIndex::~ClosestPointIndex() {
-    release();
-}
-
-void ClosestPointIndex::release() {
-    if (scene_) rtcReleaseScene(scene_);
-    if (device_) rtcReleaseDevice(device_);
-    scene_ = nullptr;
-    device_ = nullptr;
-    faces_.clear();
-    sources_.clear();
-    frames_.clear();
-    clusters_.clear();
-    clusterStarts_.clear();
-    clusterCodes_.clear();
-    codeBuckets_.clear();
-}
-
-std::vector<ClosestPointIndex::Corners> ClosestPointIndex::collectTriangles(const ClosestPointMesh& mesh) {
-    const std::vector<std::size_t> offsets = faceOffsets(mesh);
-    std::vector<int> selected;
-    if (mesh.faces) {
-        for (std::size_t i = 0; i < mesh.numSelectedFaces; ++i) {
-            const int f = mesh.faces[i];
-            if (f >= 0 && static_cast<std::size_t>(f) < mesh.numFaces && offsets[f] != npos)
-                selected.push_back(f);
-        }
-    } else {
-        for (std::size_t f = 0; f < mesh.numFaces; ++f)
-            if (offsets[f] != npos) selected.push_back(static_cast<int>(f));
-    }
-    std::size_t fanSize = 0;
-    for (int f : selected) fanSize += static_cast<std::size_t>(mesh.faceCounts[f] - 2);
-    if (fanSize == 0 || fanSize > std::numeric_limits<std::uint32_t>::max() / 2) return {};
-
-    std::optional<Affine> affine;
-    if (mesh.matrix) affine.emplace(mesh.matrix);
-    const Affine* transform = affine ? &*affine : nullptr;
-    std::vector<std::array<float, 3>> moved;
-    const std::array<float, 3>* points = mesh.points;
-    if (transform) {
-        moved.resize(mesh.numPoints);
-        for (std::size_t i = 0; i < mesh.numPoints; ++i) {
-            const Vec3 p = transform->point(toVec3(mesh.points[i]));
-            moved[i] = {toFloat(p.x), toFloat(p.y), toFloat(p.z)};
-        }
-        points = moved.data();
-    }
-
-    // Fan triangles with finite corners.
-    std::vector<Corners> corners;
-    corners.reserve(fanSize);
-    sources_.reserve(fanSize);
-    faces_.reserve(selected.size());
-    for (int f : selected) {
-        const int* v = mesh.faceConnects + offsets[f];
-        const auto face = static_cast<std::uint32_t>(faces_.size());
-        faces_.push_back({f, faceNormal(mesh, v, mesh.faceCounts[f], transform)});
-        for (int k = 1; k + 1 < mesh.faceCounts[f]; ++k) {
-            const auto &a = points[v[0]], &b = points[v[k]], &c = points[v[k + 1]];
-            if (!isFinite(a) || !isFinite(b) || !isFinite(c)) continue;
-            corners.push_back({a, b, c});
-            sources_.push_back({face, static_cast<std::uint32_t>(k - 1)});
-        }
-    }
-    return corners;
-}
-
-// Cuts a run of triangles along the curve where it crosses the wall of the largest octree cell
-// inside the run, or in half when all its codes are equal, until a part lies in a small cell;
-// such a part is cut into consecutive clusters. Each cut takes a bit of the codes or halves the
-// run, so the recursion is at most 64 + 32 deep.
-void ClosestPointIndex::cluster(const std::vector<Corners>& corners, const std::vector<std::uint64_t>& codes,
-                                std::size_t begin, std::size_t end) {
-    if (end - begin <= 4 * kClusterSize) {
+// A run of triangles that fits in a cluster becomes one; a longer run becomes a node whose
+// children split it twice along the curve (into consecutive clusters when it is short).
+std::int32_t ClosestPointIndex::buildTree(const std::vector<std::uint32_t>& codes, std::size_t begin,
+                                          std::size_t end, Box& box) {
+    if (end - begin <= kClusterSize) return addCluster(codes, begin, end, box);
+    std::size_t bounds[kWidth + 1] = {begin};
+    std::size_t parts = 0;
+    if (end - begin <= kWidth * kClusterSize) {
         for (std::size_t first = begin; first < end; first += kClusterSize)
-            addCluster(corners, codes, first, std::min(end, first + kClusterSize));
-        return;
+            bounds[++parts] = std::min(end, first + kClusterSize);
+    } else {
+        const std::size_t middle = splitRun(codes, begin, end);
+        for (const auto& [from, to] : {std::pair{begin, middle}, std::pair{middle, end}}) {
+            if (to - from > kClusterSize) bounds[++parts] = splitRun(codes, from, to);
+            bounds[++parts] = to;
+        }
     }
-    const std::uint64_t first = codes[begin], last = codes[end - 1];
-    std::size_t middle = begin + (end - begin) / 2;
-    if (first != last) {
-        std::uint64_t bit = std::uint64_t{1} << 63;
-        while (!((first ^ last) & bit)) bit >>= 1;
-        middle = static_cast<std::size_t>(
-            std::partition_point(codes.begin() + begin, codes.begin() + end,
-                                 [bit](std::uint64_t code) { return !(code & bit); }) -
-            codes.begin());
+    const auto node = static_cast<std::int32_t>(nodes_.size());
+    nodes_.emplace_back();
+    for (std::size_t i = 0; i < kWidth; ++i) {
+        Node& fresh = nodes_.back();
+        fresh.children[i] = kNone;
+        for (int k = 0; k < 3; ++k) fresh.lo[k][i] = FLT_MAX, fresh.hi[k][i] = -FLT_MAX;
     }
-    cluster(corners, codes, begin, middle);
-    cluster(corners, codes, middle, end);
+    for (std::size_t i = 0; i < parts; ++i) {
+        Box part;
+        const std::int32_t child = buildTree(codes, bounds[i], bounds[i + 1], part);
+        Node& self = nodes_[static_cast<std::size_t>(node)];
+        self.children[i] = child;
+        for (int k = 0; k < 3; ++k) self.lo[k][i] = part.lo[k], self.hi[k][i] = part.hi[k];
+        box.add(part);
+    }
+    return node;
 }
 
-void ClosestPointIndex::addCluster(const std::vector<Corners>& corners,
-                                   const std::vector<std::uint64_t>& codes, std::size_t begin,
-                                   std::size_t end) {
+std::int32_t ClosestPointIndex::addCluster(const std::vector<std::uint32_t>& codes, std::size_t begin,
+                                           std::size_t end, Box& box) {
+    const auto cluster = static_cast<std::int32_t>(clusterStarts_.size());
     clusterStarts_.push_back(static_cast<std::uint32_t>(begin));
     clusterCodes_.push_back(codes[begin]);
-    ClusterFrame& frame = frames_.emplace_back();
-    Cluster& cluster = clusters_.emplace_back();
-    const auto triangle = [&](std::size_t slot) -> const Corners& {
-        return corners[std::min(begin + slot, end - 1)];
-    };
-    // The frame: the origin at the mean corner, the last axis along the summed area normals and
-    // the others across it (any pair will do for triangles without area).
-    Vec3 origin{0.0, 0.0, 0.0}, normal{0.0, 0.0, 0.0};
-    for (std::size_t slot = 0; slot < end - begin; ++slot) {
-        const Vec3 a = toVec3(triangle(slot)[0]), b = toVec3(triangle(slot)[1]),
-                   c = toVec3(triangle(slot)[2]);
-        origin = origin + (a + b + c) * (1.0 / (3.0 * static_cast<double>(end - begin)));
-        normal = normal + cross(b - a, c - a);
-    }
-    const double length = std::sqrt(dot(normal, normal));
-    normal = length > 0.0 && std::isfinite(length) ? normal * (1.0 / length) : Vec3{0.0, 0.0, 1.0};
-    Vec3 across = cross(normal, std::fabs(normal.x) < 0.5 ? Vec3{1.0, 0.0, 0.0} : Vec3{0.0, 1.0, 0.0});
-    across = across * (1.0 / std::sqrt(dot(across, across)));
-    const Vec3 axes[2] = {across, cross(normal, across)};
-    for (int k = 0; k < 3; ++k) {
-        frame.origin[k] = toFloat(component(origin, k));
-        for (int j = 0; j < 2; ++j) frame.axes[j][k] = static_cast<float>(component(axes[j], k));
-    }
-    float third[3];
-    frameAxis(frame.axes, third);
-    const Vec3 keptAxes[3] = {{frame.axes[0][0], frame.axes[0][1], frame.axes[0][2]},
-                              {frame.axes[1][0], frame.axes[1][1], frame.axes[1][2]},
-                              {third[0], third[1], third[2]}};
-    // The boxes are measured in doubles from the float origin and axes kept, and rounded outwards,
-    // so that every corner lies inside its box.
-    const Vec3 keptOrigin{frame.origin[0], frame.origin[1], frame.origin[2]};
-    const float inf = std::numeric_limits<float>::infinity();
-    std::array<float, 6> box{inf, inf, inf, -inf, -inf, -inf};
-    for (int k = 0; k < 3; ++k) {
-        frame.lo[k] = inf;
-        frame.hi[k] = -inf;
-    }
-    frame.thin = 0;
-    for (std::size_t slot = 0; slot < kClusterSize; ++slot) {
-        const Corners& t = triangle(slot);
-        for (int k = 0; k < 3; ++k) {
-            double lo = std::numeric_limits<double>::infinity(), hi = -lo;
-            for (int j = 0; j < 3; ++j) {
-                const double along = dot(toVec3(t[j]) - keptOrigin, keptAxes[k]);
-                lo = std::min(lo, along);
-                hi = std::max(hi, along);
-                cluster.corners[slot][3 * j + k] = t[j][k];
-                box[k] = std::min(box[k], t[j][k]);
-                box[3 + k] = std::max(box[3 + k], t[j][k]);
-            }
-            cluster.lo[k][slot] = roundDown(lo);
-            cluster.hi[k][slot] = -roundDown(-hi);
-            frame.lo[k] = std::min(frame.lo[k], cluster.lo[k][slot]);
-            frame.hi[k] = std::max(frame.hi[k], cluster.hi[k][slot]);
-        }
-        if (isThin(toVec3(t[0]), toVec3(t[1]), toVec3(t[2]))) frame.thin |= 1u << slot;
-    }
-    clusterBoxes_.push_back(box);
-}
-
-void ClosestPointIndex::clusterBounds(const RTCBoundsFunctionArguments* args) {
-    const std::array<float, 6>& box =
-        static_cast<const ClosestPointIndex*>(args->geometryUserPtr)->clusterBoxes_[args->primID];
-    *args->bounds_o = {box[0], box[1], box[2], 0.f, box[3], box[4], box[5], 0.f};
-}
-
-void ClosestPointIndex::buildScene() {
-    device_ = rtcNewDevice(nullptr);
-    if (!device_) return;
-    RTCScene scene = rtcNewScene(device_);
-    RTCGeometry geometry = rtcNewGeometry(device_, RTC_GEOMETRY_TYPE_USER);
-    if (!scene || !geometry) {
-        if (scene) rtcReleaseScene(scene);
-        return;
-    }
-    rtcSetGeometryUserPrimitiveCount(geometry, static_cast<unsigned>(clusters_.size()));
-    rtcSetGeometryUserData(geometry, this);
-    rtcSetGeometryBoundsFunction(geometry, &ClosestPointIndex::clusterBounds, nullptr);
-    rtcCommitGeometry(geometry);
-    rtcAttachGeometry(scene, geometry);
-    rtcReleaseGeometry(geometry);
-    rtcCommitScene(scene);
-    if (rtcGetDeviceError(device_) == RTC_ERROR_NONE)
-        scene_ = scene;
-    else
-        rtcReleaseScene(scene);
+    for (std::size_t t = begin; t < end; ++t)
+        for (std::uint32_t corner : triangles_[t].corners) box.add(points_[corner]);
+    return ~cluster;
 }
 
 bool ClosestPointIndex::closestPoint(const std::array<double, 3>& point, double maxDistance,
                                      ClosestPointHit& hit) const {
-    if (!scene_ || !(maxDistance >= 0.0)) return false;
+    if (root_ == kNone || !(maxDistance >= 0.0)) return false;
     for (double c : point)
         if (!(std::fabs(c) <= FLT_MAX)) return false;
     Search search(*this, point, maxDistance);
     search.run();
     if (!search.found) return false;
 
-    const Source& source = sources_[search.triangle()];
-    const Face& face = faces_[source.face];
+    const Face& face = faces_[triangles_[search.bestTriangle].face];
     hit.point = {search.best.point.x, search.best.point.y, search.best.point.z};
     hit.distance = std::sqrt(search.bestDistance2);
     hit.face = face.index;
-    hit.triangle = static_cast<int>(source.fanIndex);
+    hit.triangle = static_cast<int>(fans_[search.bestTriangle] & ~kThin);
     hit.u = static_cast<float>(1.0 - search.best.v - search.best.w);
     hit.v = static_cast<float>(search.best.v);
     hit.normal = face.normal;

@@ -1,26 +1,25 @@
 #pragma once
 // Closest-point-on-surface queries for a polygon mesh. The faces are fan-triangulated (face
-// v0..vn-1 gives the triangles (v0, vk, vk+1)) and the triangles laid out along a Morton curve,
-// cut into clusters of a few neighbours where the curve crosses octree cell walls. Each cluster
-// measures its triangles in a frame of its own whose last axis follows their mean normal, so
-// that the boxes around them in that frame stay thin where the surface is smooth, however it
-// is turned. The clusters are the primitives of an Embree scene.
+// v0..vn-1 gives the triangles (v0, vk, vk+1)) and laid out along a Morton curve through their
+// centres; the run of triangles is cut where the curve crosses octree cell walls into clusters
+// of a few neighbours, and a four-way tree of boxes follows the same cuts, so that it is built in
+// the one pass that makes the clusters.
 //
-// A query first measures the clusters either side of the point on the curve, which gives a
-// search sphere barely larger than the answer, then walks the scene's tree with that sphere,
-// shrinking it as closer triangles turn up. A cluster the walk reaches is measured by the box
-// around all its triangles in its frame before anything else of it is read; only triangles
-// whose own boxes reach into the sphere are measured exactly.
+// A query first measures the clusters either side of the point on the curve, which mostly gives
+// a search sphere barely larger than the answer, then walks the tree nearest box first with that
+// sphere, shrinking it as closer triangles turn up, and measures exactly only the triangles whose
+// own boxes reach into it.
+//
+// On big meshes a build costs mostly the memory it touches, so the index keeps per triangle
+// only its three vertex indices, its face and its place in the face's fan, and reads the mesh's
+// points in place when the caller keeps them alive.
 #include "mesh/MortonCurve.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <vector>
-
-struct RTCBoundsFunctionArguments;
-struct RTCDeviceTy;
-struct RTCSceneTy;
 
 namespace host {
 
@@ -38,6 +37,9 @@ struct ClosestPointMesh {
     // The faces to index (indices outside the mesh are skipped); null for all of them.
     const int* faces = nullptr;
     std::size_t numSelectedFaces = 0;
+    // Keeps `points` alive and unchanged for as long as it lives; the index then reads them in
+    // place rather than copying them (unless a matrix moves them). Null: the index copies.
+    std::shared_ptr<const void> owner;
 };
 
 struct ClosestPointHit {
@@ -55,7 +57,6 @@ struct ClosestPointHit {
 class ClosestPointIndex {
 public:
     explicit ClosestPointIndex(const ClosestPointMesh& mesh);
-    ~ClosestPointIndex();
     ClosestPointIndex(const ClosestPointIndex&) = delete;
     ClosestPointIndex& operator=(const ClosestPointIndex&) = delete;
 
@@ -63,70 +64,55 @@ public:
     // none or the point is not finite. Where several triangles are equally close, any of them may
     // give the answer. Safe to call from several threads at once.
     bool closestPoint(const std::array<double, 3>& point, double maxDistance, ClosestPointHit& hit) const;
-    std::size_t numTriangles() const { return sources_.size(); }
+    std::size_t numTriangles() const { return triangles_.size(); }
 
 private:
     struct Face {
         int index;
         std::array<float, 3> normal;
     };
-    // Where a triangle comes from: the indexed face holding it (a position in faces_) and its
-    // place in that face's fan.
-    struct Source {
-        std::uint32_t face, fanIndex;
+    // A triangle's corners (vertex indices) and the indexed face holding it (a position in faces_).
+    struct Triangle {
+        std::uint32_t corners[3];
+        std::uint32_t face;
     };
-    // A triangle's corners, as collected.
-    using Corners = std::array<std::array<float, 3>, 3>;
-    // Triangles per cluster at most.
+    // Triangles per cluster at most, and children per tree node.
     static constexpr std::size_t kClusterSize = 8;
-    // A cluster's frame and the box of all its triangles in that frame, in one cache line, so
-    // that a cluster out of reach costs a single read. The frame is an origin and two orthonormal
-    // axes; the third (frameAxis) is their cross product, along the triangles' mean normal. Bit i
-    // of thin tells whether triangle i is thin.
-    struct alignas(64) ClusterFrame {
-        float origin[3];
-        float axes[2][3];
-        float lo[3], hi[3];
-        std::uint32_t thin;
+    static constexpr std::size_t kWidth = 4;
+    // A tree node: child i lies in the box lo[k][i]..hi[k][i] along axis k. A child is a node
+    // (its index) or a cluster (the complement of its index, below zero); unused places hold kNone.
+    struct Node {
+        float lo[3][kWidth];
+        float hi[3][kWidth];
+        std::int32_t children[kWidth];
     };
-    // Neighbouring triangles side by side: triangle i lies in the box lo[k][i]..hi[k][i] along
-    // axis k of the cluster's frame, and its corners are corners[i] (corner j's coordinate c at
-    // 3 * j + c). A short cluster repeats its last triangle.
-    struct Cluster {
-        float lo[3][kClusterSize];
-        float hi[3][kClusterSize];
-        float corners[kClusterSize][9];
-    };
+    struct Box;
     struct Search;
 
-    std::vector<Corners> collectTriangles(const ClosestPointMesh& mesh);
-    // Both take the triangles and their codes in curve order.
-    void cluster(const std::vector<Corners>& corners, const std::vector<std::uint64_t>& codes,
-                 std::size_t begin, std::size_t end);
-    void addCluster(const std::vector<Corners>& corners, const std::vector<std::uint64_t>& codes,
-                    std::size_t begin, std::size_t end);
-    void buildScene();
-    void release();
-    static void clusterBounds(const RTCBoundsFunctionArguments* args);
+    std::int32_t buildTree(const std::vector<std::uint32_t>& codes, std::size_t begin, std::size_t end,
+                           Box& box);
+    std::int32_t addCluster(const std::vector<std::uint32_t>& codes, std::size_t begin, std::size_t end,
+                            Box& box);
 
-    RTCDeviceTy* device_ = nullptr;
-    RTCSceneTy* scene_ = nullptr;
+    std::shared_ptr<const void> owner_;
+    std::vector<std::array<float, 3>> ownPoints_;
+    const std::array<float, 3>* points_ = nullptr;
     std::vector<Face> faces_;
-    // The triangles along the curve.
-    std::vector<Source> sources_;
-    std::vector<ClusterFrame> frames_;
-    std::vector<Cluster> clusters_;
+    // The triangles along the curve, and for each its place in its face's fan (with kThin set for
+    // a triangle too thin for the fast exact measure).
+    std::vector<Triangle> triangles_;
+    std::vector<std::uint32_t> fans_;
     // Where each cluster's run of triangles starts, and where the last one ends; with the curve
     // code at each start, to find the clusters beside a point.
     std::vector<std::uint32_t> clusterStarts_;
-    std::vector<std::uint64_t> clusterCodes_;
+    std::vector<std::uint32_t> clusterCodes_;
     // For each value of the codes' leading bits, the first cluster whose code starts with that
     // value or a later one (and one past the end), which narrows the search for a code to a few
     // clusters.
     std::vector<std::uint32_t> codeBuckets_;
     MortonCurve curve_;
-    // Each cluster's bounding box (lo, hi), while Embree builds its tree.
-    std::vector<std::array<float, 6>> clusterBoxes_;
+    std::vector<Node> nodes_;
+    std::int32_t root_;
 };
 
 } // namespace host
