@@ -30,6 +30,17 @@ void readThroughPlugs(MPlug weights, double* dense, unsigned int size) {
             dense[indices[k]] = weights.elementByPhysicalIndex(k).asDouble();
 }
 
+// Whether the multi holds elements at exactly these indices (ascending), so that a new map with
+// them can be written over the old one in place: rewriting a map is the common case, and it then
+// costs no new storage.
+bool holdsExactly(const host::Plug& array, const std::vector<uint32_t>& indices) {
+    const host::Slot* slot = array.slot();
+    if (!slot || !slot->elements || slot->elements->size() != indices.size()) return false;
+    for (std::size_t position = 0; position < indices.size(); ++position)
+        if (slot->elements->keyAt(position) != indices[position]) return false;
+    return true;
+}
+
 } // namespace
 
 void readWeightMap(const MPlug& weights, double* dense, unsigned int size) {
@@ -48,16 +59,25 @@ void readWeightMap(const MPlug& weights, double* dense, unsigned int size) {
 void replaceWeightMap(const MPlug& weights, const core::WeightMap& writes) {
     const host::Plug* array = weights.hostPlug().get();
     if (!array || !array->isArray()) return;
-    host::SparseArray<host::Slot> elements;
-    elements.reserve(writes.size());
     // Weight maps are single precision: stored as a float plug write stores them.
     const bool single = array->attr()->type == host::AttrType::Float;
+    std::vector<uint32_t> indices;
+    std::vector<double> values;
+    indices.reserve(writes.size());
+    values.reserve(writes.size());
     for (std::size_t k = 0; k < writes.size(); ++k) {
         if (writes.indices[k] < 0) continue;
-        const double weight =
-            single ? static_cast<double>(static_cast<float>(writes.weights[k])) : writes.weights[k];
-        elements.obtain(static_cast<uint32_t>(writes.indices[k])).value = weight;
+        indices.push_back(static_cast<uint32_t>(writes.indices[k]));
+        values.push_back(single ? static_cast<double>(static_cast<float>(writes.weights[k]))
+                                : writes.weights[k]);
     }
+    if (holdsExactly(*array, indices) && array->overwriteNumbers(values.data(), values.size())) {
+        array->node()->touch();
+        return;
+    }
+    host::SparseArray<host::Slot> elements;
+    elements.reserve(indices.size());
+    for (std::size_t k = 0; k < indices.size(); ++k) elements.obtain(indices[k]).value = values[k];
     // The old map goes to the undo journal as it is.
     if (array->exchangeElements(elements)) array->node()->touch();
 }

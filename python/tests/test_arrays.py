@@ -55,6 +55,23 @@ def test_weights_round_trip_and_undo(plane, target):
     assert np.array_equal(cmds.kv_blendShapeEditWeights("bs", i=target, gw=True), weights[stored])
 
 
+def test_rewriting_a_map_undoes_write_by_write(plane):
+    # the second write finds the elements of the first and writes over them in place
+    first = np.linspace(0.0, 0.5, VERTICES).astype(np.float32).astype(np.float64)
+    second = first[::-1].copy()
+    talven.set_weights("bs", first, -1)
+    talven.set_weights("bs", second, -1)
+    for action, expected in [(cmds.undo, first), (cmds.undo, np.ones(VERTICES)), (cmds.redo, first),
+                             (cmds.redo, second)]:
+        action()
+        assert np.array_equal(talven.get_weights("bs", -1), expected)
+    # a map with other elements is replaced whole
+    talven.set_weights("bs", np.where(np.arange(VERTICES) % 2 == 0, 0.5, 1.0), 0)
+    talven.set_weights("bs", first, 0)
+    cmds.undo()
+    assert talven.get_weights("bs", 0)[1] == 1.0
+
+
 def test_weights_written_by_the_command_read_densely(plane):
     cmds.kv_blendShapeEditWeights("bs", i=0, sw=True, wi=[0, 9999], w=[0.25, 0.75])
     weights = talven.get_weights("bs", 0)

@@ -107,6 +107,12 @@ void ChangeJournal::keepSlot(const Plug& plug, Slot old) {
     changes_.push_back(slotChange(plug, std::move(old)));
 }
 
+void ChangeJournal::keepNumbers(const Plug& plug, std::vector<double> old) {
+    savedSlots_.insert(plug);
+    lastSavedArray_ = plug;
+    changes_.push_back(numbersChange(plug, std::move(old)));
+}
+
 void ChangeJournal::save(const Plug& location) {
     savedSlots_.insert(location);
     changes_.push_back(slotChange(location));

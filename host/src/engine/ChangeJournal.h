@@ -47,6 +47,8 @@ public:
     // above it, and the caller then hands the old state over with keepSlot instead of a copy.
     bool takesWholeSlot(const Plug& plug) const;
     void keepSlot(const Plug& plug, Slot old);
+    // The same for the numbers of a multi about to be written over in place.
+    void keepNumbers(const Plug& plug, std::vector<double> old);
     void meshWrite(Node& node, const std::shared_ptr<MeshData>& mesh);
     void aliasesWrite(Node& node, const Node::AliasList& aliases);
     void attrAdded(Node& node, const AttrSpec* attr);

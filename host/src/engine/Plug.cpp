@@ -126,6 +126,29 @@ bool Plug::exchangeElements(SparseArray<Slot>& elements) const {
     return true;
 }
 
+bool Plug::overwriteNumbers(const double* values, std::size_t count) const {
+    const Slot* current = !isNull() && isArray() && node_->alive() && isComplete() ? slot() : nullptr;
+    if (!current || !current->elements || current->elements->size() != count) return false;
+    SparseArray<Slot>& elements = *locateForWrite()->elements;
+    // One pass over the elements, which may be many: each old number is kept as it is written over,
+    // and the kept ones are put back if an element turns out to hold something else.
+    std::vector<double> old;
+    old.reserve(count);
+    for (std::size_t position = 0; position < count; ++position) {
+        Slot& element = elements.valueAt(position);
+        double* number = std::get_if<double>(&element.value);
+        if (!number || element.children || element.elements) {
+            for (std::size_t k = 0; k < old.size(); ++k) elements.valueAt(k).value = old[k];
+            return false;
+        }
+        old.push_back(*number);
+        *number = values[position];
+    }
+    ChangeJournal* journal = recordingJournal();
+    if (journal && journal->takesWholeSlot(*this)) journal->keepNumbers(*this, std::move(old));
+    return true;
+}
+
 Slot* Plug::locateForWrite() const {
     const Chain chain(attr_);
     Slot* s = &node_->topSlot(chain.front());

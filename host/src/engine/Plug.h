@@ -45,6 +45,10 @@ public:
     // Swaps the elements of this multi with `elements`: a whole map replaced without a copy of the
     // old one, which the undo journal keeps as it was. False when the plug is not a multi.
     bool exchangeElements(SparseArray<Slot>& elements) const;
+    // Writes values[k] over the number held by the k-th element of this multi, in physical order,
+    // when the multi holds exactly `count` elements and all hold numbers; the old numbers go to
+    // the undo journal in one block. False, with nothing written, otherwise.
+    bool overwriteNumbers(const double* values, std::size_t count) const;
     Value value() const;
     bool setValue(Value value) const; // false if the plug is not a complete leaf plug
     bool hasStoredValue() const { return slot() != nullptr; }

@@ -98,6 +98,25 @@ private:
     Slot other_;
 };
 
+// Swapped element by element: the multi holds the same elements, all numbers, whenever this
+// change is swapped, since the changes after it were swapped back first.
+class NumbersChange : public Change {
+public:
+    NumbersChange(const Plug& array, std::vector<double> other) : array_(array), other_(std::move(other)) {}
+    void swap(Scene&) override {
+        Slot* slot = array_.slotForWrite();
+        if (!slot || !slot->elements || slot->elements->size() != other_.size()) return;
+        for (std::size_t position = 0; position < other_.size(); ++position)
+            if (double* number = std::get_if<double>(&slot->elements->valueAt(position).value))
+                std::swap(*number, other_[position]);
+        array_.node()->touch();
+    }
+
+private:
+    Plug array_;
+    std::vector<double> other_;
+};
+
 class MeshChange : public Change {
 public:
     MeshChange(NodePtr node, std::shared_ptr<MeshData> other)
@@ -205,6 +224,9 @@ std::unique_ptr<Change> slotChange(const Plug& location) {
 }
 std::unique_ptr<Change> slotChange(const Plug& location, Slot saved) {
     return std::make_unique<SlotChange>(location, std::move(saved));
+}
+std::unique_ptr<Change> numbersChange(const Plug& array, std::vector<double> other) {
+    return std::make_unique<NumbersChange>(array, std::move(other));
 }
 std::unique_ptr<Change> meshChange(NodePtr node, std::shared_ptr<MeshData> other) {
     return std::make_unique<MeshChange>(std::move(node), std::move(other));

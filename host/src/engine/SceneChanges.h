@@ -16,6 +16,8 @@ std::unique_ptr<Change> connectionPresence(Connection connection, std::size_t in
 std::unique_ptr<Change> slotChange(const Plug& location);
 // The same for a state already taken out of the slot.
 std::unique_ptr<Change> slotChange(const Plug& location, Slot saved);
+// The numbers held by the elements of a multi whose elements are all numbers, in physical order.
+std::unique_ptr<Change> numbersChange(const Plug& array, std::vector<double> other);
 std::unique_ptr<Change> meshChange(NodePtr node, std::shared_ptr<MeshData> other);
 std::unique_ptr<Change> aliasChange(NodePtr node, Node::AliasList other);
 // A dynamic attribute on the node now (`detached` empty) or taken out (held in `detached`).
