@@ -21,6 +21,8 @@ int entry(const std::vector<int>& list, std::size_t k) {
 bool mapShells(const MeshTopology& topology, const ShellComponents& shells, std::vector<int>& map,
                int& mappedShells, SymmetryReport& report) {
     mappedShells = 0;
+    // Both passes' working state is made here, on the calling thread, and reused by every shell.
+    Traversal passes[2] = {Traversal(topology), Traversal(topology)};
     for (std::size_t s = 0; s < shells.size(); ++s) {
         if (shells.faces1[s] == -1 || shells.faces2[s] == -1) continue;
         const bool ownEntry = shells.vertices3[s] != -1;
@@ -28,14 +30,13 @@ bool mapShells(const MeshTopology& topology, const ShellComponents& shells, std:
                                   {shells.faces2[s], ownEntry ? shells.vertices3[s] : shells.vertices1[s],
                                    ownEntry ? shells.vertices4[s] : shells.vertices2[s]}};
         const int faceCount = entry(shells.shellFaceCounts, s);
-        Traversal passes[2];
         tbb::task_group_context context;
         tbb::parallel_for(
             tbb::blocked_range<unsigned int>(0, 2, 1),
             [&](const tbb::blocked_range<unsigned int>& range) {
                 for (unsigned int pass = range.begin(); pass != range.end(); ++pass)
-                    passes[pass] =
-                        traverseMesh(topology, starts[pass][0], starts[pass][1], starts[pass][2], faceCount);
+                    traverseMesh(topology, starts[pass][0], starts[pass][1], starts[pass][2], faceCount,
+                                 passes[pass]);
             },
             tbb::auto_partitioner(), context);
 
