@@ -41,13 +41,13 @@ public:
 
     IndexRange faceVertices(int face) const { return faces_.row(face); }
     // Edge k of a face joins its vertices k and k + 1.
-    IndexRange faceEdges(int face) const { return faceEdges_.row(face); }
+    IndexRange faceEdges(int face) const { return faces_.row(face, faceEdges_); }
     // {-1, -1} for an edge outside the mesh.
     std::array<int, 2> edgeVertices(int edge) const;
     IndexRange edgeFaces(int edge) const { return edgeFaces_.row(edge); }
     IndexRange vertexFaces(int vertex) const { return vertexFaces_.row(vertex); }
     IndexRange vertexEdges(int vertex) const { return vertexEdges_.row(vertex); }
-    IndexRange vertexVertices(int vertex) const { return vertexVertices_.row(vertex); }
+    IndexRange vertexVertices(int vertex) const { return vertexEdges_.row(vertex, vertexVertices_); }
 
 private:
     void clear();
@@ -55,12 +55,13 @@ private:
 
     std::vector<int> faceCounts_;
     CompressedRows faces_;
-    CompressedRows faceEdges_;
+    std::vector<int> faceEdges_; // laid out like the face vertices
+
     std::vector<int> edgeVertices_;
     CompressedRows edgeFaces_;
     CompressedRows vertexFaces_;
     CompressedRows vertexEdges_;
-    CompressedRows vertexVertices_;
+    std::vector<int> vertexVertices_; // laid out like the vertex edges
 };
 
 } // namespace core
