@@ -141,7 +141,10 @@ MStatus polyMapVertexOrder::redoIt() {
     std::unique_ptr<core::MeshShells> shells;
     const auto readTopology = [&]() {
         if (!shells) {
-            status = common::readMeshTopology(meshPath, topology, points);
+            // Every table but the faces of each vertex, which no step of the mapping reads.
+            status =
+                common::readMeshTopology(meshPath, topology, points,
+                                         core::MeshTopology::kEdgeFaces | core::MeshTopology::kVertexEdges);
             shells.reset(new core::MeshShells(topology));
         }
         return status;

@@ -73,8 +73,8 @@ void buildItemFaces(CompressedRows& itemFaces, int numItems, const std::vector<i
 
 } // namespace
 
-std::string MeshTopology::build(int numVertices, const std::vector<int>& faceCounts,
-                                const std::vector<int>& faceConnects) try {
+std::string MeshTopology::build(int numVertices, std::vector<int> faceCounts, std::vector<int> faceConnects,
+                                unsigned tables) try {
     clear();
     if (std::string error = checkVertexCount(numVertices); !error.empty()) return error;
     if (std::string error = checkFaceCounts(faceCounts, faceConnects.size(), "vertex indices");
@@ -124,11 +124,12 @@ std::string MeshTopology::build(int numVertices, const std::vector<int>& faceCou
         ++i;
     });
 
-    faceCounts_ = faceCounts;
-    faces_.assign(std::move(offsets), faceConnects);
+    numVertices_ = numVertices;
+    faceCounts_ = std::move(faceCounts);
+    faces_.assign(std::move(offsets), std::move(faceConnects));
     faceEdges_ = std::move(faceEdges);
     edgeVertices_ = std::move(edgeVertices);
-    buildAdjacency(numVertices);
+    buildAdjacency(tables);
     return {};
 } catch (const std::bad_alloc&) {
     clear();
@@ -210,11 +211,12 @@ std::string MeshTopology::buildFromEdges(int numVertices, const std::vector<int>
         }
     }
 
+    numVertices_ = numVertices;
     faceCounts_ = faceEdgeCounts;
     faces_.assign(std::move(offsets), std::move(faceConnects));
     faceEdges_ = std::move(faceEdges);
     edgeVertices_ = edgeVertices;
-    buildAdjacency(numVertices);
+    buildAdjacency(kAllTables);
     return {};
 } catch (const std::bad_alloc&) {
     clear();
@@ -231,12 +233,13 @@ void MeshTopology::clear() {
     *this = MeshTopology();
 }
 
-void MeshTopology::buildAdjacency(int numVertices) {
-    buildItemFaces(edgeFaces_, numEdges(), faces_.offsets(), faceEdges_);
-    buildItemFaces(vertexFaces_, numVertices, faces_.offsets(), faces_.items());
+void MeshTopology::buildAdjacency(unsigned tables) {
+    if (tables & kEdgeFaces) buildItemFaces(edgeFaces_, numEdges(), faces_.offsets(), faceEdges_);
+    if (tables & kVertexFaces) buildItemFaces(vertexFaces_, numVertices_, faces_.offsets(), faces_.items());
+    if (!(tables & kVertexEdges)) return;
     // Each vertex's edges in ascending order, with the vertex across each edge beside it.
     vertexEdges_.build(
-        numVertices,
+        numVertices_,
         [&](auto&& emit) {
             for (std::size_t i = 0; i < edgeVertices_.size(); i += 2) {
                 const int a = edgeVertices_[i], b = edgeVertices_[i + 1], edge = static_cast<int>(i / 2);

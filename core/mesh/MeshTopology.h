@@ -16,12 +16,22 @@ namespace core {
 // passes a vertex or an edge twice is listed once for it.
 class MeshTopology {
 public:
-    // Builds from the vertex count of each face and the face vertex indices, face after face. Edges are
-    // numbered in face order: edge (v[k], v[k+1]) of a face gets the next index unless the unordered pair
-    // was seen before, and keeps the vertex order of the face that created it. Returns an empty string on
-    // success, otherwise what is wrong with the input; on failure the topology is left empty.
-    std::string build(int numVertices, const std::vector<int>& faceCounts,
-                      const std::vector<int>& faceConnects);
+    // The adjacency tables built besides faces, face edges and edge vertices, so that a caller that reads
+    // only some of them does not pay for the others; a table not built reads as empty rows.
+    enum Tables : unsigned {
+        kEdgeFaces = 1u,
+        kVertexFaces = 2u,
+        kVertexEdges = 4u, // with vertexVertices
+        kAllTables = 7u,
+    };
+
+    // Builds from the vertex count of each face and the face vertex indices, face after face (both kept,
+    // so pass them moved when the caller has no further use for them). Edges are numbered in face order:
+    // edge (v[k], v[k+1]) of a face gets the next index unless the unordered pair was seen before, and
+    // keeps the vertex order of the face that created it. Returns an empty string on success, otherwise
+    // what is wrong with the input; on failure the topology is left empty.
+    std::string build(int numVertices, std::vector<int> faceCounts, std::vector<int> faceConnects,
+                      unsigned tables = kAllTables);
 
     // Builds from explicit edges and faces as Maya ASCII stores them: `edgeVertices` holds v0 v1 per edge,
     // a face lists `faceEdgeCounts[f]` signed edge references where r >= 0 walks edge r from v0 to v1 and
@@ -30,7 +40,7 @@ public:
     std::string buildFromEdges(int numVertices, const std::vector<int>& edgeVertices,
                                const std::vector<int>& faceEdgeCounts, const std::vector<int>& faceEdgeRefs);
 
-    int numVertices() const { return vertexEdges_.numRows(); }
+    int numVertices() const { return numVertices_; }
     int numEdges() const { return static_cast<int>(edgeVertices_.size() / 2); }
     int numFaces() const { return faces_.numRows(); }
 
@@ -51,8 +61,9 @@ public:
 
 private:
     void clear();
-    void buildAdjacency(int numVertices);
+    void buildAdjacency(unsigned tables);
 
+    int numVertices_ = 0;
     std::vector<int> faceCounts_;
     CompressedRows faces_;
     std::vector<int> faceEdges_; // laid out like the face vertices
