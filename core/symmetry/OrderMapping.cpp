@@ -23,6 +23,7 @@ bool mapShells(const MeshTopology& topology, const ShellComponents& shells, std:
     mappedShells = 0;
     // Both passes' working state is made here, on the calling thread, and reused by every shell.
     Traversal passes[2] = {Traversal(topology), Traversal(topology)};
+    const std::vector<int> facesAcross = getFacesAcross(topology);
     for (std::size_t s = 0; s < shells.size(); ++s) {
         if (shells.faces1[s] == -1 || shells.faces2[s] == -1) continue;
         const bool ownEntry = shells.vertices3[s] != -1;
@@ -35,8 +36,8 @@ bool mapShells(const MeshTopology& topology, const ShellComponents& shells, std:
             tbb::blocked_range<unsigned int>(0, 2, 1),
             [&](const tbb::blocked_range<unsigned int>& range) {
                 for (unsigned int pass = range.begin(); pass != range.end(); ++pass)
-                    traverseMesh(topology, starts[pass][0], starts[pass][1], starts[pass][2], faceCount,
-                                 passes[pass]);
+                    traverseMesh(topology, facesAcross, starts[pass][0], starts[pass][1], starts[pass][2],
+                                 faceCount, passes[pass]);
             },
             tbb::auto_partitioner(), context);
 

@@ -51,8 +51,9 @@ namespace {
 
 // The common case of getOrderedFaceEdges without its sweeps: in a face whose corners all differ and that
 // has (a, b) as an edge, the ordering walks round the face from that edge in the direction a to b. Calls
-// emit(edge, from, to) for each edge in walking order; false (nothing emitted) for any other face.
-template <class Emit> bool walkSimpleFace(int a, int b, IndexRange corners, IndexRange edges, Emit&& emit) {
+// emit(across, from, to) for each edge in walking order with the face across it (`faces`, one per face
+// edge); false (nothing emitted) for any other face.
+template <class Emit> bool walkSimpleFace(int a, int b, IndexRange corners, IndexRange faces, Emit&& emit) {
     const int n = corners.size();
     int entry = -1;
     bool forward = true;
@@ -70,10 +71,10 @@ template <class Emit> bool walkSimpleFace(int a, int b, IndexRange corners, Inde
     for (int step = 0, k = entry; step < n; ++step) {
         const int next = k + 1 == n ? 0 : k + 1;
         if (forward) {
-            emit(edges[k], corners[k], corners[next]);
+            emit(faces[k], corners[k], corners[next]);
             k = next;
         } else {
-            emit(edges[k], corners[next], corners[k]);
+            emit(faces[k], corners[next], corners[k]);
             k = k == 0 ? n - 1 : k - 1;
         }
     }
@@ -82,6 +83,15 @@ template <class Emit> bool walkSimpleFace(int a, int b, IndexRange corners, Inde
 
 } // namespace
 
+std::vector<int> getFacesAcross(const MeshTopology& topology) {
+    std::vector<int> across(topology.faceConnects().size());
+    std::size_t i = 0;
+    for (int face = 0; face < topology.numFaces(); ++face)
+        for (int edge : topology.faceEdges(face))
+            across[i++] = getOppositeEdgeFace(face, topology.edgeFaces(edge));
+    return across;
+}
+
 Traversal::Traversal(const MeshTopology& topology)
     : vertexVisited_(std::size_t(topology.numVertices()), 0),
       faceVisited_(std::size_t(topology.numFaces()), 0) {
@@ -89,15 +99,16 @@ Traversal::Traversal(const MeshTopology& topology)
     queue_.reserve(std::size_t(topology.numFaces()));
 }
 
-void traverseMesh(const MeshTopology& topology, int startFace, int a, int b, int shellFaceCount,
-                  Traversal& walk) {
+void traverseMesh(const MeshTopology& topology, const std::vector<int>& facesAcross, int startFace, int a,
+                  int b, int shellFaceCount, Traversal& walk) {
     walk.order.clear();
     walk.complete = false;
     std::vector<Traversal::Entry>& queue = walk.queue_;
     queue.clear();
     if (startFace < 0 || startFace >= topology.numFaces() ||
         walk.faceVisited_.size() != std::size_t(topology.numFaces()) ||
-        walk.vertexVisited_.size() != std::size_t(topology.numVertices()))
+        walk.vertexVisited_.size() != std::size_t(topology.numVertices()) ||
+        facesAcross.size() != topology.faceConnects().size())
         return;
     std::vector<char>& vertexVisited = walk.vertexVisited_;
     std::vector<char>& faceVisited = walk.faceVisited_;
@@ -113,17 +124,18 @@ void traverseMesh(const MeshTopology& topology, int startFace, int a, int b, int
     std::size_t i = 0;
     for (; i < expected && i < queue.size(); ++i) {
         const Traversal::Entry current = queue[i];
-        const auto walkEdge = [&](int edge, int from, int to) {
+        const auto walkEdge = [&](int across, int from, int to) {
             visit(from);
             visit(to);
-            const int across = getOppositeEdgeFace(current.face, topology.edgeFaces(edge));
             if (across == -1 || faceVisited[std::size_t(across)]) return;
             faceVisited[std::size_t(across)] = 1;
             queue.push_back({across, from, to});
         };
-        const IndexRange edges = topology.faceEdges(current.face);
         const IndexRange corners = topology.faceVertices(current.face);
-        if (walkSimpleFace(current.from, current.to, corners, edges, walkEdge)) continue;
+        const int* acrossFirst = facesAcross.data() + (corners.begin() - topology.faceConnects().data());
+        if (walkSimpleFace(current.from, current.to, corners, {acrossFirst, acrossFirst + corners.size()},
+                           walkEdge))
+            continue;
         // Edge k of a face joins its corners k and k + 1. Reading the ends from the face's own row, not
         // from the edge table, saves a scattered read per edge; the ordering takes either vertex order.
         std::vector<int>& ends = walk.edgeVertices_;
@@ -132,10 +144,11 @@ void traverseMesh(const MeshTopology& topology, int startFace, int a, int b, int
             ends.push_back(corners[k]);
             ends.push_back(corners[(k + 1) % corners.size()]);
         }
-        getOrderedFaceEdges(current.from, current.to, edges, ends, walk.orderedEdges_, walk.orderedFrom_,
-                            walk.orderedTo_, walk.remaining_);
+        getOrderedFaceEdges(current.from, current.to, topology.faceEdges(current.face), ends,
+                            walk.orderedEdges_, walk.orderedFrom_, walk.orderedTo_, walk.remaining_);
         for (std::size_t k = 0; k < walk.orderedEdges_.size(); ++k)
-            walkEdge(walk.orderedEdges_[k], walk.orderedFrom_[k], walk.orderedTo_[k]);
+            walkEdge(getOppositeEdgeFace(current.face, topology.edgeFaces(walk.orderedEdges_[k])),
+                     walk.orderedFrom_[k], walk.orderedTo_[k]);
     }
     walk.complete = i == expected;
     // Leave the flags cleared for the next walk.

@@ -117,12 +117,13 @@ TEST(SymmetryQueries, WalkOrdersVerticesByFirstVisit) {
     };
     // One walk's state serves every case: each walk leaves it ready for the next.
     core::Traversal walk(two.topology);
+    const std::vector<int> across = core::getFacesAcross(two.topology);
     for (const Case& c : cases) {
-        core::traverseMesh(two.topology, c.face, c.a, c.b, c.faceCount, walk);
+        core::traverseMesh(two.topology, across, c.face, c.a, c.b, c.faceCount, walk);
         EXPECT_EQ(walk.order, c.order) << c.face << " " << c.a << " " << c.b;
         EXPECT_EQ(walk.complete, c.complete);
     }
-    core::traverseMesh(two.topology, 7, 0, 1, 1, walk);
+    core::traverseMesh(two.topology, across, 7, 0, 1, 1, walk);
     EXPECT_FALSE(walk.complete);
 }
 
