@@ -46,6 +46,8 @@ public:
 
     const std::vector<int>& faceCounts() const { return faceCounts_; }
     const std::vector<int>& faceConnects() const { return faces_.items(); }
+    // Where each face's vertices start in faceConnects (numFaces + 1 entries, the last one its size).
+    const std::vector<int>& faceOffsets() const { return faces_.offsets(); }
     // Both vertices of every edge, edge after edge.
     const std::vector<int>& edgeVertexList() const { return edgeVertices_; }
 

@@ -49,6 +49,20 @@ int getOppositeEdgeFace(int face, IndexRange edgeFaces) {
 
 namespace {
 
+// How far ahead in the face queue the walk starts loading a face's offset and, later, its rows: faces are
+// queued in breadth-first order, scattered over the mesh, and overlapping their cache misses is what makes
+// walking a large shell fast.
+constexpr std::size_t kOffsetAhead = 16;
+constexpr std::size_t kRowsAhead = 8;
+
+void prefetch(const void* address) {
+#if defined(__GNUC__)
+    __builtin_prefetch(address);
+#else
+    (void)address;
+#endif
+}
+
 // The common case of getOrderedFaceEdges without its sweeps: in a face whose corners all differ and that
 // has (a, b) as an edge, the ordering walks round the face from that edge in the direction a to b. Calls
 // emit(across, from, to) for each edge in walking order with the face across it (`faces`, one per face
@@ -122,7 +136,14 @@ void traverseMesh(const MeshTopology& topology, const std::vector<int>& facesAcr
     };
     const std::size_t expected = shellFaceCount > 0 ? std::size_t(shellFaceCount) : 0;
     std::size_t i = 0;
+    const std::vector<int>& offsets = topology.faceOffsets();
     for (; i < expected && i < queue.size(); ++i) {
+        if (i + kOffsetAhead < queue.size()) prefetch(&offsets[std::size_t(queue[i + kOffsetAhead].face)]);
+        if (i + kRowsAhead < queue.size()) {
+            const std::size_t first = std::size_t(offsets[std::size_t(queue[i + kRowsAhead].face)]);
+            prefetch(topology.faceConnects().data() + first);
+            prefetch(facesAcross.data() + first);
+        }
         const Traversal::Entry current = queue[i];
         const auto walkEdge = [&](int across, int from, int to) {
             visit(from);
