@@ -21,11 +21,15 @@ int entry(const std::vector<int>& list, std::size_t k) {
 bool mapShells(const MeshTopology& topology, const ShellComponents& shells, std::vector<int>& map,
                int& mappedShells, SymmetryReport& report) {
     mappedShells = 0;
+    const auto mapped = [&](std::size_t s) { return shells.faces1[s] != -1 && shells.faces2[s] != -1; };
+    std::size_t s = 0;
+    while (s < shells.size() && !mapped(s)) ++s;
+    if (s == shells.size()) return true;
     // Both passes' working state is made here, on the calling thread, and reused by every shell.
     Traversal passes[2] = {Traversal(topology), Traversal(topology)};
     const std::vector<int> facesAcross = getFacesAcross(topology);
-    for (std::size_t s = 0; s < shells.size(); ++s) {
-        if (shells.faces1[s] == -1 || shells.faces2[s] == -1) continue;
+    for (; s < shells.size(); ++s) {
+        if (!mapped(s)) continue;
         const bool ownEntry = shells.vertices3[s] != -1;
         const int starts[2][3] = {{shells.faces1[s], shells.vertices1[s], shells.vertices2[s]},
                                   {shells.faces2[s], ownEntry ? shells.vertices3[s] : shells.vertices1[s],
