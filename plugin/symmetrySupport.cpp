@@ -72,9 +72,15 @@ MStatus readMeshTopology(const MDagPath& mesh, core::MeshTopology& topology, std
     MStatus status;
     MFnMesh meshFn(mesh, &status);
     if (!status) return status;
-    const int numVertices = meshFn.numVertices(&status);
-    if (!status) return status;
-    // The host's arrays are let go before the topology is built, so that it reuses their memory.
+    // The host's arrays are let go before the next step, so that it reuses their memory.
+    {
+        MFloatPointArray positions;
+        status = meshFn.getPoints(positions, MSpace::kObject);
+        if (!status) return status;
+        points.resize(3 * std::size_t(positions.length()));
+        for (unsigned int v = 0; v < positions.length(); ++v)
+            for (unsigned int c = 0; c < 3; ++c) points[3 * std::size_t(v) + c] = positions[v][c];
+    }
     std::vector<int> faceCounts, faceConnects;
     {
         MIntArray counts, connects;
@@ -85,18 +91,12 @@ MStatus readMeshTopology(const MDagPath& mesh, core::MeshTopology& topology, std
         if (counts.length()) counts.get(faceCounts.data());
         if (connects.length()) connects.get(faceConnects.data());
     }
-    const std::string problem =
-        topology.build(numVertices, std::move(faceCounts), std::move(faceConnects), tables);
+    const std::string problem = topology.build(static_cast<int>(points.size() / 3), std::move(faceCounts),
+                                               std::move(faceConnects), tables);
     if (!problem.empty()) {
         MGlobal::displayError(MString("The mesh cannot be read: ") + problem.c_str());
         return MS::kFailure;
     }
-    MFloatPointArray positions;
-    status = meshFn.getPoints(positions, MSpace::kObject);
-    if (!status) return status;
-    points.resize(3 * std::size_t(positions.length()));
-    for (unsigned int v = 0; v < positions.length(); ++v)
-        for (unsigned int c = 0; c < 3; ++c) points[3 * std::size_t(v) + c] = positions[v][c];
     return MS::kSuccess;
 }
 

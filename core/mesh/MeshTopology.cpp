@@ -229,6 +229,15 @@ std::array<int, 2> MeshTopology::edgeVertices(int edge) const {
             edgeVertices_[2 * static_cast<std::size_t>(edge) + 1]};
 }
 
+void MeshTopology::release(unsigned tables) {
+    if (tables & kEdgeFaces) edgeFaces_ = CompressedRows();
+    if (tables & kVertexFaces) vertexFaces_ = CompressedRows();
+    if (tables & kVertexEdges) {
+        vertexEdges_ = CompressedRows();
+        std::vector<int>().swap(vertexVertices_);
+    }
+}
+
 void MeshTopology::clear() {
     *this = MeshTopology();
 }

@@ -40,6 +40,10 @@ public:
     std::string buildFromEdges(int numVertices, const std::vector<int>& edgeVertices,
                                const std::vector<int>& faceEdgeCounts, const std::vector<int>& faceEdgeRefs);
 
+    // Drops the given adjacency tables, which read as empty rows from then on, so that later work reuses
+    // their memory.
+    void release(unsigned tables);
+
     int numVertices() const { return numVertices_; }
     int numEdges() const { return static_cast<int>(edgeVertices_.size() / 2); }
     int numFaces() const { return faces_.numRows(); }

@@ -237,3 +237,37 @@ TEST(MeshTopology, RandomInputNeverCrashesAndSignedEdgesRoundTrip) {
     }
     EXPECT_GT(built, 100);
 }
+
+// Building some tables or releasing others leaves exactly those tables empty; everything else reads as in a
+// full build.
+TEST(MeshTopology, TablesCanBeLeftOutOrReleased) {
+    core::PolyMesh mesh;
+    ASSERT_EQ(core::makePolyCube({1, 1, 1, 2, 1, 1}, mesh), "");
+    MeshTopology full;
+    ASSERT_EQ(full.build(mesh.numVertices(), mesh.faceCounts, mesh.faceConnects), "");
+    using T = MeshTopology::Tables;
+    for (unsigned kept = 0; kept <= MeshTopology::kAllTables; ++kept) {
+        for (bool release : {false, true}) {
+            MeshTopology topo;
+            ASSERT_EQ(topo.build(mesh.numVertices(), mesh.faceCounts, mesh.faceConnects,
+                                 release ? unsigned(MeshTopology::kAllTables) : kept),
+                      "");
+            if (release) topo.release(MeshTopology::kAllTables & ~kept);
+            ASSERT_EQ(topo.numVertices(), full.numVertices());
+            ASSERT_EQ(topo.numEdges(), full.numEdges());
+            for (int f = 0; f < full.numFaces(); ++f)
+                EXPECT_EQ(toVector(topo.faceEdges(f)), toVector(full.faceEdges(f)));
+            const auto expect = [&](T table, IndexRange got, IndexRange all) {
+                EXPECT_EQ(toVector(got), (kept & table) ? toVector(all) : std::vector<int>{})
+                    << "kept " << kept << " release " << release;
+            };
+            for (int e = 0; e < full.numEdges(); ++e)
+                expect(MeshTopology::kEdgeFaces, topo.edgeFaces(e), full.edgeFaces(e));
+            for (int v = 0; v < full.numVertices(); ++v) {
+                expect(MeshTopology::kVertexFaces, topo.vertexFaces(v), full.vertexFaces(v));
+                expect(MeshTopology::kVertexEdges, topo.vertexEdges(v), full.vertexEdges(v));
+                expect(MeshTopology::kVertexEdges, topo.vertexVertices(v), full.vertexVertices(v));
+            }
+        }
+    }
+}
