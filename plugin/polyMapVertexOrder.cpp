@@ -141,7 +141,10 @@ MStatus polyMapVertexOrder::redoIt() {
     std::unique_ptr<core::MeshShells> shells;
     const auto readTopology = [&]() {
         if (!shells) {
-            status = common::readMeshTopology(meshPath, topology, points);
+            // Every table but the faces of each vertex, which no step of the mapping reads.
+            status =
+                common::readMeshTopology(meshPath, topology, points,
+                                         core::MeshTopology::kEdgeFaces | core::MeshTopology::kVertexEdges);
             shells.reset(new core::MeshShells(topology));
         }
         return status;
@@ -192,22 +195,29 @@ MStatus polyMapVertexOrder::redoIt() {
     }
 
     if (!readTopology()) return status;
-    core::SymmetryMesh mesh{topology, points, *shells, meshPath.fullPathName().asChar()};
     const double usedTolerance =
         tolerance == 0.0 ? core::averageEdgeLength(topology, points, 5) / 100.0 : tolerance;
-    core::PairingSettings settings{axisIndex, usedTolerance, verbose, select};
     bool errors = false;
-    std::vector<std::string> selection;
-    common::ClosestFaceSearch closestFace(meshObject);
-    if (!addToMap) {
-        core::getMultiShellComponents(mesh, settings, userShells, std::ref(closestFace), components, errors,
-                                      selection, report);
-    } else if (extensionEdges.size() == 2 &&
-               !core::getShellPairExtensionComponents(mesh, settings, extensionEdges[0], extensionEdges[1],
-                                                      components, errors, selection, report)) {
-        return MS::kFailure;
+    {
+        core::SymmetryMesh mesh{topology, points, *shells, meshPath.fullPathName().asChar()};
+        core::PairingSettings settings{axisIndex, usedTolerance, verbose, select};
+        std::vector<std::string> selection;
+        common::ClosestFaceSearch closestFace(meshObject);
+        if (!addToMap) {
+            core::getMultiShellComponents(mesh, settings, userShells, std::ref(closestFace), components,
+                                          errors, selection, report);
+        } else if (extensionEdges.size() == 2 && !core::getShellPairExtensionComponents(
+                                                     mesh, settings, extensionEdges[0], extensionEdges[1],
+                                                     components, errors, selection, report)) {
+            return MS::kFailure;
+        }
+        if (select) common::selectComponents(selection);
     }
-    if (select) common::selectComponents(selection);
+    // The walks read faces and the faces of edges only: the points, the shells and the vertex tables are
+    // let go first, so that the walks' working memory reuses theirs.
+    std::vector<double>().swap(points);
+    shells.reset();
+    topology.release(core::MeshTopology::kVertexEdges);
 
     std::vector<int> map;
     const unsigned int numVertices = static_cast<unsigned int>(topology.numVertices());

@@ -187,7 +187,8 @@ MStatus polySymmetry::checkSymmetry() {
 
     core::MeshTopology topology;
     std::vector<double> points;
-    MStatus status = common::readMeshTopology(meshPath, topology, points);
+    // The check reads faces and vertex neighbours only.
+    MStatus status = common::readMeshTopology(meshPath, topology, points, core::MeshTopology::kVertexEdges);
     if (!status) return status;
     const int numVertices = topology.numVertices();
     std::vector<int> tested;

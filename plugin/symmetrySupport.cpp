@@ -67,28 +67,36 @@ MStatus getMeshObject(const MSelectionList& list, unsigned int index, MDagPath& 
     return MS::kSuccess;
 }
 
-MStatus readMeshTopology(const MDagPath& mesh, core::MeshTopology& topology, std::vector<double>& points) {
+MStatus readMeshTopology(const MDagPath& mesh, core::MeshTopology& topology, std::vector<double>& points,
+                         unsigned int tables) {
     MStatus status;
     MFnMesh meshFn(mesh, &status);
     if (!status) return status;
-    MIntArray counts, connects;
-    status = meshFn.getVertices(counts, connects);
-    if (!status) return status;
-    MFloatPointArray positions;
-    status = meshFn.getPoints(positions, MSpace::kObject);
-    if (!status) return status;
-    std::vector<int> faceCounts(counts.length()), faceConnects(connects.length());
-    if (counts.length()) counts.get(faceCounts.data());
-    if (connects.length()) connects.get(faceConnects.data());
-    const std::string problem =
-        topology.build(static_cast<int>(positions.length()), faceCounts, faceConnects);
+    // The host's arrays are let go before the next step, so that it reuses their memory.
+    {
+        MFloatPointArray positions;
+        status = meshFn.getPoints(positions, MSpace::kObject);
+        if (!status) return status;
+        points.resize(3 * std::size_t(positions.length()));
+        for (unsigned int v = 0; v < positions.length(); ++v)
+            for (unsigned int c = 0; c < 3; ++c) points[3 * std::size_t(v) + c] = positions[v][c];
+    }
+    std::vector<int> faceCounts, faceConnects;
+    {
+        MIntArray counts, connects;
+        status = meshFn.getVertices(counts, connects);
+        if (!status) return status;
+        faceCounts.resize(counts.length());
+        faceConnects.resize(connects.length());
+        if (counts.length()) counts.get(faceCounts.data());
+        if (connects.length()) connects.get(faceConnects.data());
+    }
+    const std::string problem = topology.build(static_cast<int>(points.size() / 3), std::move(faceCounts),
+                                               std::move(faceConnects), tables);
     if (!problem.empty()) {
         MGlobal::displayError(MString("The mesh cannot be read: ") + problem.c_str());
         return MS::kFailure;
     }
-    points.resize(3 * std::size_t(positions.length()));
-    for (unsigned int v = 0; v < positions.length(); ++v)
-        for (unsigned int c = 0; c < 3; ++c) points[3 * std::size_t(v) + c] = positions[v][c];
     return MS::kSuccess;
 }
 

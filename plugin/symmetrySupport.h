@@ -37,8 +37,10 @@ MStatus getMeshObjects(const MArgDatabase& argData, MSelectionList& objects);
 // child. Shows "<name> has no shape node." or "<name> is not a mesh object." and fails otherwise.
 MStatus getMeshObject(const MSelectionList& list, unsigned int index, MDagPath& mesh, MObject& component);
 
-// The mesh's topology and its object-space points (x, y, z per vertex, from single precision).
-MStatus readMeshTopology(const MDagPath& mesh, core::MeshTopology& topology, std::vector<double>& points);
+// The mesh's topology with the given adjacency tables (core::MeshTopology::Tables) and its object-space
+// points (x, y, z per vertex, from single precision).
+MStatus readMeshTopology(const MDagPath& mesh, core::MeshTopology& topology, std::vector<double>& points,
+                         unsigned int tables);
 
 // The face of `mesh`, moved by `matrix`, nearest to a point, searched with an intersector built on
 // first use.

@@ -18,6 +18,20 @@ struct IndexRange {
     int operator[](int i) const { return first[i]; }
 };
 
+// Filling rows of a flat array through cursors: `offsets` holds numRows + 1 entries with the count of row r
+// at r + 1 (entry 0 is 0). Turns entry r + 1 into the start of row r, the cursor where its items go, and
+// returns the total count. Advancing each cursor past its row's items leaves offsets[r] .. offsets[r + 1]
+// as row r.
+inline int countsToCursors(std::vector<int>& offsets) {
+    int running = 0;
+    for (std::size_t r = 1; r < offsets.size(); ++r) {
+        const int count = offsets[r];
+        offsets[r] = running;
+        running += count;
+    }
+    return running;
+}
+
 // Rows of indices stored flat: row r holds items[offsets[r] .. offsets[r + 1]).
 class CompressedRows {
 public:
@@ -30,12 +44,14 @@ public:
     // Builds the rows in two linear passes. `visit(emit)` must call emit(row, item) for every entry and
     // emit the same entries both times it is called; items keep their emission order within a row.
     template <class Visit> void build(int numRows, Visit&& visit) {
-        offsets_.assign(static_cast<std::size_t>(numRows) + 1, 0);
-        visit([this](int row, int) { ++offsets_[static_cast<std::size_t>(row) + 1]; });
-        for (std::size_t r = 1; r < offsets_.size(); ++r) offsets_[r] += offsets_[r - 1];
-        items_.resize(static_cast<std::size_t>(offsets_.back()));
-        std::vector<int> next(offsets_.begin(), offsets_.end() - 1);
-        visit([&](int row, int item) { items_[static_cast<std::size_t>(next[row]++)] = item; });
+        fill(
+            numRows, [&](auto&& emit) { visit([&](int row, int item) { emit(row, item, 0); }); }, nullptr);
+    }
+
+    // The same with a second list laid out like the items: emit(row, item, second) also places `second`,
+    // read back with row(r, parallel).
+    template <class Visit> void build(int numRows, Visit&& visit, std::vector<int>& parallel) {
+        fill(numRows, visit, &parallel);
     }
 
     int numRows() const { return static_cast<int>(offsets_.size()) - 1; }
@@ -46,10 +62,30 @@ public:
         return {items_.data() + offsets_[r], items_.data() + offsets_[r + 1]};
     }
 
+    // Row r of a list laid out like the items (same length, same rows); empty for a row outside the table
+    // or a list of another length.
+    IndexRange row(int r, const std::vector<int>& parallel) const {
+        if (r < 0 || r >= numRows() || parallel.size() != items_.size()) return {};
+        return {parallel.data() + offsets_[r], parallel.data() + offsets_[r + 1]};
+    }
+
     const std::vector<int>& offsets() const { return offsets_; }
     const std::vector<int>& items() const { return items_; }
 
 private:
+    template <class Visit> void fill(int numRows, Visit&& visit, std::vector<int>* parallel) {
+        offsets_.assign(static_cast<std::size_t>(numRows) + 1, 0);
+        visit([this](int row, int, int) { ++offsets_[static_cast<std::size_t>(row) + 1]; });
+        const int running = countsToCursors(offsets_);
+        items_.resize(static_cast<std::size_t>(running));
+        if (parallel) parallel->resize(static_cast<std::size_t>(running));
+        visit([&](int row, int item, int second) {
+            const std::size_t at = static_cast<std::size_t>(offsets_[static_cast<std::size_t>(row) + 1]++);
+            items_[at] = item;
+            if (parallel) (*parallel)[at] = second;
+        });
+    }
+
     std::vector<int> offsets_{0};
     std::vector<int> items_;
 };

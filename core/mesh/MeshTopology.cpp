@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <new>
 
-#include "core/mesh/EdgeMap.h"
+#include "core/mesh/PairOccurrences.h"
 
 namespace core {
 
@@ -13,9 +13,6 @@ namespace {
 // Face vertices and edges are limited so that every adjacency table (vertex edges hold two entries per
 // edge) stays addressable with int offsets.
 constexpr std::size_t kMaxIndices = INT_MAX / 2;
-
-// How many face vertices ahead the edge numbering prefetches hash slots.
-constexpr std::size_t kPrefetchDistance = 16;
 
 std::string str(long long value) {
     return std::to_string(value);
@@ -56,37 +53,28 @@ std::string vertexRangeError(const std::string& user, int vertex, int numVertice
     return user + " uses vertex " + str(vertex) + ", but the mesh has " + str(numVertices) + " vertices";
 }
 
-// Lists for every item (vertex or edge) the faces whose rows in `faceItems` contain it, each face once.
-void buildItemFaces(CompressedRows& itemFaces, int numItems, const CompressedRows& faceItems) {
+// Lists for every item (vertex or edge) the faces whose rows (`items` laid out by `faceOffsets`) contain
+// it, each face once.
+void buildItemFaces(CompressedRows& itemFaces, int numItems, const std::vector<int>& faceOffsets,
+                    const std::vector<int>& items) {
     std::vector<int> lastFace;
     itemFaces.build(numItems, [&](auto&& emit) {
         lastFace.assign(static_cast<std::size_t>(numItems), -1);
-        for (int f = 0; f < faceItems.numRows(); ++f) {
-            for (int item : faceItems.row(f)) {
-                if (lastFace[item] == f) continue;
-                lastFace[item] = f;
-                emit(item, f);
+        for (std::size_t f = 0; f + 1 < faceOffsets.size(); ++f) {
+            for (int i = faceOffsets[f]; i < faceOffsets[f + 1]; ++i) {
+                const int item = items[static_cast<std::size_t>(i)];
+                if (lastFace[static_cast<std::size_t>(item)] == int(f)) continue;
+                lastFace[static_cast<std::size_t>(item)] = int(f);
+                emit(item, int(f));
             }
-        }
-    });
-}
-
-// Lists for every vertex, in ascending edge order, either its edges or the vertices across them.
-void buildVertexRows(CompressedRows& rows, int numVertices, const std::vector<int>& edgeVertices,
-                     bool otherEnd) {
-    rows.build(numVertices, [&](auto&& emit) {
-        for (std::size_t i = 0; i < edgeVertices.size(); i += 2) {
-            const int a = edgeVertices[i], b = edgeVertices[i + 1], edge = static_cast<int>(i / 2);
-            emit(a, otherEnd ? b : edge);
-            emit(b, otherEnd ? a : edge);
         }
     });
 }
 
 } // namespace
 
-std::string MeshTopology::build(int numVertices, const std::vector<int>& faceCounts,
-                                const std::vector<int>& faceConnects) try {
+std::string MeshTopology::build(int numVertices, std::vector<int> faceCounts, std::vector<int> faceConnects,
+                                unsigned tables) try {
     clear();
     if (std::string error = checkVertexCount(numVertices); !error.empty()) return error;
     if (std::string error = checkFaceCounts(faceCounts, faceConnects.size(), "vertex indices");
@@ -94,10 +82,6 @@ std::string MeshTopology::build(int numVertices, const std::vector<int>& faceCou
         return error;
 
     std::vector<int> offsets = offsetsOf(faceCounts);
-    std::vector<int> faceEdges(faceConnects.size());
-    std::vector<int> edgeVertices;
-    edgeVertices.reserve(faceConnects.size());
-    EdgeMap edgeMap(faceConnects.size() / 2);
     for (std::size_t f = 0; f < faceCounts.size(); ++f) {
         const int n = faceCounts[f];
         const int* v = faceConnects.data() + offsets[f];
@@ -105,27 +89,47 @@ std::string MeshTopology::build(int numVertices, const std::vector<int>& faceCou
             if (v[k] < 0 || v[k] >= numVertices) return vertexRangeError("face " + str(f), v[k], numVertices);
         }
         for (int k = 0; k < n; ++k) {
-            const std::size_t ahead = static_cast<std::size_t>(offsets[f] + k) + kPrefetchDistance;
-            if (ahead + 1 < faceConnects.size())
-                edgeMap.prefetch(faceConnects[ahead], faceConnects[ahead + 1]);
-            const int a = v[k], b = v[k + 1 == n ? 0 : k + 1];
-            if (a == b)
-                return "face " + str(f) + " has a degenerate edge: vertex " + str(a) + " follows itself";
-            const int newEdge = static_cast<int>(edgeVertices.size() / 2);
-            const int edge = edgeMap.findOrInsert(a, b, newEdge);
-            if (edge == newEdge) {
-                edgeVertices.push_back(a);
-                edgeVertices.push_back(b);
-            }
-            faceEdges[static_cast<std::size_t>(offsets[f] + k)] = edge;
+            if (v[k] == v[k + 1 == n ? 0 : k + 1])
+                return "face " + str(f) + " has a degenerate edge: vertex " + str(v[k]) + " follows itself";
         }
     }
 
-    faceCounts_ = faceCounts;
-    faces_.assign(offsets, faceConnects);
-    faceEdges_.assign(std::move(offsets), std::move(faceEdges));
+    // Face edge k joins the face's vertices k and k + 1. The first face edge of each vertex pair becomes an
+    // edge, numbered in face order and keeping its face's vertex order; a later one of the same pair takes
+    // that edge.
+    const auto visitFaceEdges = [&](auto&& emit) {
+        for (std::size_t f = 0; f < faceCounts.size(); ++f) {
+            const int n = faceCounts[f];
+            const int* v = faceConnects.data() + offsets[f];
+            for (int k = 0; k < n; ++k) emit(v[k], v[k + 1 == n ? 0 : k + 1]);
+        }
+    };
+    std::vector<int> faceEdges;
+    firstPairOccurrences(numVertices, faceConnects.size(), visitFaceEdges, faceEdges);
+    std::size_t numEdges = 0;
+    for (std::size_t i = 0; i < faceEdges.size(); ++i) numEdges += faceEdges[i] == int(i);
+    std::vector<int> edgeVertices;
+    edgeVertices.reserve(2 * numEdges);
+    std::size_t i = 0;
+    visitFaceEdges([&](int a, int b) {
+        const int first = faceEdges[i];
+        if (first == int(i)) {
+            faceEdges[i] = static_cast<int>(edgeVertices.size() / 2);
+            edgeVertices.push_back(a);
+            edgeVertices.push_back(b);
+        } else {
+            // The first occurrence lies earlier and already holds its edge.
+            faceEdges[i] = faceEdges[static_cast<std::size_t>(first)];
+        }
+        ++i;
+    });
+
+    numVertices_ = numVertices;
+    faceCounts_ = std::move(faceCounts);
+    faces_.assign(std::move(offsets), std::move(faceConnects));
+    faceEdges_ = std::move(faceEdges);
     edgeVertices_ = std::move(edgeVertices);
-    buildAdjacency(numVertices);
+    buildAdjacency(tables);
     return {};
 } catch (const std::bad_alloc&) {
     clear();
@@ -143,19 +147,36 @@ std::string MeshTopology::buildFromEdges(int numVertices, const std::vector<int>
     if (edgeVertices.size() / 2 > kMaxIndices)
         return "the mesh is too large: at most " + str(kMaxIndices) + " edges are supported";
 
+    // Edges are checked in order: the first edge that is wrong on its own or repeats an earlier edge's
+    // vertex pair is reported.
     const int numEdges = static_cast<int>(edgeVertices.size() / 2);
-    EdgeMap edgeMap(static_cast<std::size_t>(numEdges));
-    for (int e = 0; e < numEdges; ++e) {
-        const int a = edgeVertices[2 * e], b = edgeVertices[2 * e + 1];
+    int valid = 0;
+    std::string invalid;
+    for (; valid < numEdges; ++valid) {
+        const int a = edgeVertices[2 * std::size_t(valid)], b = edgeVertices[2 * std::size_t(valid) + 1];
         for (int v : {a, b}) {
-            if (v < 0 || v >= numVertices) return vertexRangeError("edge " + str(e), v, numVertices);
+            if (invalid.empty() && (v < 0 || v >= numVertices))
+                invalid = vertexRangeError("edge " + str(valid), v, numVertices);
         }
-        if (a == b) return "edge " + str(e) + " joins vertex " + str(a) + " to itself";
-        const int first = edgeMap.findOrInsert(a, b, e);
-        if (first != e)
-            return "edges " + str(first) + " and " + str(e) + " both join vertices " + str(a) + " and " +
-                   str(b);
+        if (invalid.empty() && a == b)
+            invalid = "edge " + str(valid) + " joins vertex " + str(a) + " to itself";
+        if (!invalid.empty()) break;
     }
+    std::vector<int> first;
+    firstPairOccurrences(
+        numVertices, std::size_t(valid),
+        [&](auto&& emit) {
+            for (std::size_t e = 0; e < std::size_t(valid); ++e)
+                emit(edgeVertices[2 * e], edgeVertices[2 * e + 1]);
+        },
+        first);
+    for (int e = 0; e < valid; ++e) {
+        if (first[std::size_t(e)] != e)
+            return "edges " + str(first[std::size_t(e)]) + " and " + str(e) + " both join vertices " +
+                   str(edgeVertices[2 * std::size_t(e)]) + " and " +
+                   str(edgeVertices[2 * std::size_t(e) + 1]);
+    }
+    if (!invalid.empty()) return invalid;
     if (std::string error = checkFaceCounts(faceEdgeCounts, faceEdgeRefs.size(), "edge references");
         !error.empty())
         return error;
@@ -190,11 +211,12 @@ std::string MeshTopology::buildFromEdges(int numVertices, const std::vector<int>
         }
     }
 
+    numVertices_ = numVertices;
     faceCounts_ = faceEdgeCounts;
-    faces_.assign(offsets, std::move(faceConnects));
-    faceEdges_.assign(std::move(offsets), std::move(faceEdges));
+    faces_.assign(std::move(offsets), std::move(faceConnects));
+    faceEdges_ = std::move(faceEdges);
     edgeVertices_ = edgeVertices;
-    buildAdjacency(numVertices);
+    buildAdjacency(kAllTables);
     return {};
 } catch (const std::bad_alloc&) {
     clear();
@@ -207,15 +229,34 @@ std::array<int, 2> MeshTopology::edgeVertices(int edge) const {
             edgeVertices_[2 * static_cast<std::size_t>(edge) + 1]};
 }
 
+void MeshTopology::release(unsigned tables) {
+    if (tables & kEdgeFaces) edgeFaces_ = CompressedRows();
+    if (tables & kVertexFaces) vertexFaces_ = CompressedRows();
+    if (tables & kVertexEdges) {
+        vertexEdges_ = CompressedRows();
+        std::vector<int>().swap(vertexVertices_);
+    }
+}
+
 void MeshTopology::clear() {
     *this = MeshTopology();
 }
 
-void MeshTopology::buildAdjacency(int numVertices) {
-    buildItemFaces(edgeFaces_, numEdges(), faceEdges_);
-    buildItemFaces(vertexFaces_, numVertices, faces_);
-    buildVertexRows(vertexEdges_, numVertices, edgeVertices_, false);
-    buildVertexRows(vertexVertices_, numVertices, edgeVertices_, true);
+void MeshTopology::buildAdjacency(unsigned tables) {
+    if (tables & kEdgeFaces) buildItemFaces(edgeFaces_, numEdges(), faces_.offsets(), faceEdges_);
+    if (tables & kVertexFaces) buildItemFaces(vertexFaces_, numVertices_, faces_.offsets(), faces_.items());
+    if (!(tables & kVertexEdges)) return;
+    // Each vertex's edges in ascending order, with the vertex across each edge beside it.
+    vertexEdges_.build(
+        numVertices_,
+        [&](auto&& emit) {
+            for (std::size_t i = 0; i < edgeVertices_.size(); i += 2) {
+                const int a = edgeVertices_[i], b = edgeVertices_[i + 1], edge = static_cast<int>(i / 2);
+                emit(a, edge, b);
+                emit(b, edge, a);
+            }
+        },
+        vertexVertices_);
 }
 
 } // namespace core

@@ -21,21 +21,27 @@ int entry(const std::vector<int>& list, std::size_t k) {
 bool mapShells(const MeshTopology& topology, const ShellComponents& shells, std::vector<int>& map,
                int& mappedShells, SymmetryReport& report) {
     mappedShells = 0;
-    for (std::size_t s = 0; s < shells.size(); ++s) {
-        if (shells.faces1[s] == -1 || shells.faces2[s] == -1) continue;
+    const auto mapped = [&](std::size_t s) { return shells.faces1[s] != -1 && shells.faces2[s] != -1; };
+    std::size_t s = 0;
+    while (s < shells.size() && !mapped(s)) ++s;
+    if (s == shells.size()) return true;
+    // Both passes' working state is made here, on the calling thread, and reused by every shell.
+    Traversal passes[2] = {Traversal(topology), Traversal(topology)};
+    const std::vector<int> facesAcross = getFacesAcross(topology);
+    for (; s < shells.size(); ++s) {
+        if (!mapped(s)) continue;
         const bool ownEntry = shells.vertices3[s] != -1;
         const int starts[2][3] = {{shells.faces1[s], shells.vertices1[s], shells.vertices2[s]},
                                   {shells.faces2[s], ownEntry ? shells.vertices3[s] : shells.vertices1[s],
                                    ownEntry ? shells.vertices4[s] : shells.vertices2[s]}};
         const int faceCount = entry(shells.shellFaceCounts, s);
-        Traversal passes[2];
         tbb::task_group_context context;
         tbb::parallel_for(
             tbb::blocked_range<unsigned int>(0, 2, 1),
             [&](const tbb::blocked_range<unsigned int>& range) {
                 for (unsigned int pass = range.begin(); pass != range.end(); ++pass)
-                    passes[pass] =
-                        traverseMesh(topology, starts[pass][0], starts[pass][1], starts[pass][2], faceCount);
+                    traverseMesh(topology, facesAcross, starts[pass][0], starts[pass][1], starts[pass][2],
+                                 faceCount, passes[pass]);
             },
             tbb::auto_partitioner(), context);
 

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <climits>
+#include <map>
 #include <random>
 #include <set>
 
@@ -164,6 +166,9 @@ TEST(MeshTopology, RejectsBadSignedEdgeData) {
         {{0, 1, 1, 9}, {}, {}, "edge 1 uses vertex 9, but the mesh has 8 vertices"},
         {{0, 1, 3, 3}, {}, {}, "edge 1 joins vertex 3 to itself"},
         {{0, 1, 2, 3, 1, 0}, {}, {}, "edges 0 and 2 both join vertices 1 and 0"},
+        // The first fault in edge order is reported, whichever kind it is.
+        {{2, 3, 0, 1, 3, 2, 4, 9, 1, 0}, {}, {}, "edges 0 and 2 both join vertices 3 and 2"},
+        {{2, 3, 4, 9, 3, 2}, {}, {}, "edge 1 uses vertex 9"},
         {triangle, {3}, {0, 1, 3}, "face 0 refers to edge 3, but the mesh has 3 edges"},
         {triangle, {3}, {0, 1, -4}, "face 0 refers to edge 3 (reversed)"},
         {triangle, {3}, {0, 1, INT_MIN}, "refers to edge 2147483647 (reversed)"},
@@ -204,6 +209,19 @@ TEST(MeshTopology, RandomInputNeverCrashesAndSignedEdgesRoundTrip) {
         if (!topo.build(numVertices, counts, connects).empty()) continue;
         ++built;
         expectConsistent(topo);
+        // Edges are numbered as the face edges first meet each vertex pair, in that face's vertex order.
+        std::map<std::pair<int, int>, int> numbering;
+        for (int f = 0; f < topo.numFaces(); ++f) {
+            const IndexRange verts = topo.faceVertices(f);
+            for (int k = 0; k < verts.size(); ++k) {
+                const int a = verts[k], b = verts[(k + 1) % verts.size()];
+                const auto known = numbering.emplace(std::minmax(a, b), int(numbering.size()));
+                if (known.second) {
+                    EXPECT_EQ(topo.edgeVertices(known.first->second), (std::array<int, 2>{a, b}));
+                }
+                EXPECT_EQ(topo.faceEdges(f)[k], known.first->second) << "face " << f << " edge " << k;
+            }
+        }
         // The same mesh written as signed edges reads back identically.
         refs.clear();
         for (int f = 0; f < topo.numFaces(); ++f) {
@@ -218,4 +236,38 @@ TEST(MeshTopology, RandomInputNeverCrashesAndSignedEdgesRoundTrip) {
             EXPECT_EQ(toVector(fromEdges.faceEdges(f)), toVector(topo.faceEdges(f)));
     }
     EXPECT_GT(built, 100);
+}
+
+// Building some tables or releasing others leaves exactly those tables empty; everything else reads as in a
+// full build.
+TEST(MeshTopology, TablesCanBeLeftOutOrReleased) {
+    core::PolyMesh mesh;
+    ASSERT_EQ(core::makePolyCube({1, 1, 1, 2, 1, 1}, mesh), "");
+    MeshTopology full;
+    ASSERT_EQ(full.build(mesh.numVertices(), mesh.faceCounts, mesh.faceConnects), "");
+    using T = MeshTopology::Tables;
+    for (unsigned kept = 0; kept <= MeshTopology::kAllTables; ++kept) {
+        for (bool release : {false, true}) {
+            MeshTopology topo;
+            ASSERT_EQ(topo.build(mesh.numVertices(), mesh.faceCounts, mesh.faceConnects,
+                                 release ? unsigned(MeshTopology::kAllTables) : kept),
+                      "");
+            if (release) topo.release(MeshTopology::kAllTables & ~kept);
+            ASSERT_EQ(topo.numVertices(), full.numVertices());
+            ASSERT_EQ(topo.numEdges(), full.numEdges());
+            for (int f = 0; f < full.numFaces(); ++f)
+                EXPECT_EQ(toVector(topo.faceEdges(f)), toVector(full.faceEdges(f)));
+            const auto expect = [&](T table, IndexRange got, IndexRange all) {
+                EXPECT_EQ(toVector(got), (kept & table) ? toVector(all) : std::vector<int>{})
+                    << "kept " << kept << " release " << release;
+            };
+            for (int e = 0; e < full.numEdges(); ++e)
+                expect(MeshTopology::kEdgeFaces, topo.edgeFaces(e), full.edgeFaces(e));
+            for (int v = 0; v < full.numVertices(); ++v) {
+                expect(MeshTopology::kVertexFaces, topo.vertexFaces(v), full.vertexFaces(v));
+                expect(MeshTopology::kVertexEdges, topo.vertexEdges(v), full.vertexEdges(v));
+                expect(MeshTopology::kVertexEdges, topo.vertexVertices(v), full.vertexVertices(v));
+            }
+        }
+    }
 }
