@@ -50,6 +50,13 @@ void readWeightMap(const MPlug& weights, double* dense, unsigned int size) {
     const host::Slot* slot = array->slot();
     if (!slot || !slot->elements) return;
     const host::SparseArray<host::Slot>& elements = *slot->elements;
+    if (elements.holdsNumbers()) {
+        const std::vector<uint32_t>& keys = elements.keys();
+        const std::vector<double>& numbers = elements.numbers();
+        for (std::size_t position = 0; position < keys.size(); ++position)
+            if (keys[position] < size) dense[keys[position]] = numbers[position];
+        return;
+    }
     for (std::size_t position = 0; position < elements.size(); ++position) {
         const uint32_t index = elements.keyAt(position);
         if (index < size) dense[index] = storedNumber(*array, elements.valueAt(position));
@@ -75,9 +82,9 @@ void replaceWeightMap(const MPlug& weights, const core::WeightMap& writes) {
         array->node()->touch();
         return;
     }
+    // A new map is stored as bare numbers: no element is built until something asks for one.
     host::SparseArray<host::Slot> elements;
-    elements.reserve(indices.size());
-    for (std::size_t k = 0; k < indices.size(); ++k) elements.obtain(indices[k]).value = values[k];
+    elements.assignNumbers(std::move(indices), std::move(values));
     // The old map goes to the undo journal as it is.
     if (array->exchangeElements(elements)) array->node()->touch();
 }

@@ -72,6 +72,23 @@ def test_rewriting_a_map_undoes_write_by_write(plane):
     assert talven.get_weights("bs", 0)[1] == 1.0
 
 
+def test_written_weights_deform_the_mesh_and_take_element_edits(plane):
+    rest = talven.get_points("pl")
+    talven.set_target_deltas("bs", 0, np.tile([0.0, 1.0, 0.0], (VERTICES, 1)),
+                             np.arange(VERTICES, dtype=np.int32))
+    cmds.setAttr("bs.w[0]", 1.0)
+    weights = np.linspace(0.0, 0.5, VERTICES).astype(np.float32).astype(np.float64)
+    talven.set_weights("bs", weights, 0)
+    assert np.allclose(talven.get_points("pl")[:, 1] - rest[:, 1], weights, atol=1e-6)
+    # an edit of one element keeps every other
+    cmds.setAttr("bs.it[0].itg[0].tw[7]", 0.75)
+    expected = weights.copy()
+    expected[7] = 0.75
+    assert np.array_equal(talven.get_weights("bs", 0), expected)
+    cmds.undo()
+    assert np.array_equal(talven.get_weights("bs", 0), weights)
+
+
 def test_weights_written_by_the_command_read_densely(plane):
     cmds.kv_blendShapeEditWeights("bs", i=0, sw=True, wi=[0, 9999], w=[0.25, 0.75])
     weights = talven.get_weights("bs", 0)

@@ -52,4 +52,42 @@ TEST(SparseArray, DescendingWritesEndInAscendingPositions) {
     EXPECT_EQ(array.valueAt(3), 3.0);
 }
 
+// Bare numbers behave as the elements they stand for, whichever operation comes first.
+TEST(SparseArray, BareNumbersActAsElements) {
+    const std::vector<uint32_t> keys{2, 5, 9};
+    const std::vector<double> numbers{0.25, 0.5, 0.75};
+    struct Case {
+        const char* name;
+        void (*act)(host::SparseArray<double>&);
+        std::vector<uint32_t> keys;
+        std::vector<double> values;
+    };
+    const Case cases[] = {
+        {"find", [](host::SparseArray<double>& a) { *a.find(5) = 1.5; }, {2, 5, 9}, {0.25, 1.5, 0.75}},
+        {"obtain new",
+         [](host::SparseArray<double>& a) { a.obtain(3) = 3; },
+         {2, 3, 5, 9},
+         {0.25, 3, 0.5, 0.75}},
+        {"obtain last",
+         [](host::SparseArray<double>& a) { a.obtain(20) = 4; },
+         {2, 5, 9, 20},
+         {0.25, 0.5, 0.75, 4}},
+        {"erase", [](host::SparseArray<double>& a) { a.erase(2); }, {5, 9}, {0.5, 0.75}},
+        {"clone", [](host::SparseArray<double>& a) { a = a.clone(); }, {2, 5, 9}, {0.25, 0.5, 0.75}},
+        {"clear", [](host::SparseArray<double>& a) { a.clear(); }, {}, {}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        host::SparseArray<double> array;
+        array.obtain(40) = 9; // replaced whole
+        array.assignNumbers(keys, numbers);
+        ASSERT_TRUE(array.holdsNumbers());
+        EXPECT_EQ(array.keys(), keys);
+        c.act(array);
+        ASSERT_EQ(array.keys(), c.keys);
+        for (std::size_t k = 0; k < c.values.size(); ++k) EXPECT_EQ(array.valueAt(k), c.values[k]);
+        EXPECT_FALSE(array.holdsNumbers());
+    }
+}
+
 } // namespace

@@ -130,6 +130,16 @@ bool Plug::overwriteNumbers(const double* values, std::size_t count) const {
     const Slot* current = !isNull() && isArray() && node_->alive() && isComplete() ? slot() : nullptr;
     if (!current || !current->elements || current->elements->size() != count) return false;
     SparseArray<Slot>& elements = *locateForWrite()->elements;
+    ChangeJournal* journal = recordingJournal();
+    const bool keepOld = journal && journal->takesWholeSlot(*this);
+    if (elements.holdsNumbers()) {
+        std::vector<double>& numbers = elements.numbers();
+        std::vector<double> old;
+        if (keepOld) old = numbers;
+        std::copy(values, values + count, numbers.begin());
+        if (keepOld) journal->keepNumbers(*this, std::move(old));
+        return true;
+    }
     // One pass over the elements, which may be many: each old number is kept as it is written over,
     // and the kept ones are put back if an element turns out to hold something else.
     std::vector<double> old;
@@ -144,8 +154,7 @@ bool Plug::overwriteNumbers(const double* values, std::size_t count) const {
         old.push_back(*number);
         *number = values[position];
     }
-    ChangeJournal* journal = recordingJournal();
-    if (journal && journal->takesWholeSlot(*this)) journal->keepNumbers(*this, std::move(old));
+    if (keepOld) journal->keepNumbers(*this, std::move(old));
     return true;
 }
 

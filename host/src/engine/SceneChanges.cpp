@@ -98,17 +98,20 @@ private:
     Slot other_;
 };
 
-// Swapped element by element: the multi holds the same elements, all numbers, whenever this
-// change is swapped, since the changes after it were swapped back first.
+// Swapped whole when the multi holds bare numbers, else element by element: the multi holds the same
+// elements, all numbers, whenever this change is swapped, since the changes after it were swapped back first.
 class NumbersChange : public Change {
 public:
     NumbersChange(const Plug& array, std::vector<double> other) : array_(array), other_(std::move(other)) {}
     void swap(Scene&) override {
         Slot* slot = array_.slotForWrite();
         if (!slot || !slot->elements || slot->elements->size() != other_.size()) return;
-        for (std::size_t position = 0; position < other_.size(); ++position)
-            if (double* number = std::get_if<double>(&slot->elements->valueAt(position).value))
-                std::swap(*number, other_[position]);
+        if (slot->elements->holdsNumbers())
+            std::swap(slot->elements->numbers(), other_);
+        else
+            for (std::size_t position = 0; position < other_.size(); ++position)
+                if (double* number = std::get_if<double>(&slot->elements->valueAt(position).value))
+                    std::swap(*number, other_[position]);
         array_.node()->touch();
     }
 

@@ -3,11 +3,15 @@
 // physical positions are array positions. Appending in ascending order is O(1); out-of-order
 // inserts are gathered in a side buffer and merged in one sort when positions are next needed, so
 // writing a million elements in any order stays n log n.
+// A multi of plain numbers may also be held as bare numbers, 12 bytes an element instead of a whole
+// element each: bulk writers store them so, readers that only want numbers read them so, and the
+// elements are built the first time anything asks for one.
 #include "engine/HugePages.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <numeric>
+#include <type_traits>
 #include <unordered_map>
 #include <vector>
 
@@ -19,6 +23,7 @@ public:
     bool empty() const { return size() == 0; }
 
     T* find(uint32_t key) {
+        expand();
         const std::size_t position = positionOf(key);
         if (position < keys_.size() && keys_[position] == key) {
             lastFound_ = position;
@@ -32,6 +37,7 @@ public:
 
     // The element at `key`, created (default value) when missing.
     T& obtain(uint32_t key) {
+        expand();
         // Writing in ascending order appends without a search.
         if (pendingKeys_.empty() && (keys_.empty() || key > keys_.back())) {
             keys_.push_back(key);
@@ -47,6 +53,7 @@ public:
 
     bool erase(uint32_t key) {
         merge();
+        expand();
         auto it = std::lower_bound(keys_.begin(), keys_.end(), key);
         if (it == keys_.end() || *it != key) return false;
         auto pos = it - keys_.begin();
@@ -57,6 +64,7 @@ public:
 
     // Room for `count` elements; a large one asks for huge pages before it is filled.
     void reserve(std::size_t count) {
+        expand();
         keys_.reserve(count);
         values_.reserve(count);
         preferHugePages(keys_.data(), keys_.capacity() * sizeof(uint32_t));
@@ -69,6 +77,21 @@ public:
         pendingKeys_.clear();
         pendingValues_.clear();
         pendingIndex_.clear();
+        numbers_.clear();
+    }
+
+    // Whether the elements are held as bare numbers, one per key.
+    bool holdsNumbers() const { return !numbers_.empty(); }
+    const std::vector<double>& numbers() const { return numbers_; }
+    std::vector<double>& numbers() { return numbers_; }
+
+    // Replaces every element by numbers at ascending, distinct keys (the caller's guarantee).
+    void assignNumbers(std::vector<uint32_t> keys, std::vector<double> numbers) {
+        clear();
+        keys_ = std::move(keys);
+        numbers_ = std::move(numbers);
+        numbers_.resize(keys_.size());
+        lastFound_ = 0;
     }
 
     // Physical access: positions in ascending logical order.
@@ -78,10 +101,12 @@ public:
     }
     T& valueAt(std::size_t position) {
         merge();
+        expand();
         return values_[position];
     }
     const T& valueAt(std::size_t position) const {
         merge();
+        expand();
         return values_[position];
     }
     const std::vector<uint32_t>& keys() const {
@@ -93,6 +118,7 @@ public:
         merge();
         SparseArray copy;
         copy.keys_ = keys_;
+        copy.numbers_ = numbers_;
         copy.values_.reserve(values_.size());
         for (const T& v : values_) copy.values_.push_back(cloneValue(v));
         return copy;
@@ -113,6 +139,21 @@ private:
             return v;
         else
             return v.clone();
+    }
+
+    // Builds the elements of bare numbers, once, when an element itself is wanted.
+    void expand() const {
+        if (numbers_.empty()) return;
+        values_.reserve(numbers_.size());
+        preferHugePages(values_.data(), values_.capacity() * sizeof(T));
+        values_.resize(numbers_.size());
+        for (std::size_t k = 0; k < numbers_.size(); ++k) {
+            if constexpr (std::is_arithmetic_v<T>)
+                values_[k] = static_cast<T>(numbers_[k]);
+            else
+                values_[k].value = numbers_[k];
+        }
+        std::vector<double>().swap(numbers_);
     }
 
     void merge() const {
@@ -145,6 +186,7 @@ private:
 
     mutable std::vector<uint32_t> keys_;
     mutable std::vector<T> values_;
+    mutable std::vector<double> numbers_; // the elements as bare numbers, or empty
     mutable std::vector<uint32_t> pendingKeys_;
     mutable std::vector<T> pendingValues_;
     mutable std::unordered_map<uint32_t, std::size_t> pendingIndex_;

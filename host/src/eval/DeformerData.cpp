@@ -20,6 +20,12 @@ std::vector<float> denseWeights(const Plug& map, std::size_t n) {
     if (!slot || !slot->elements || slot->elements->empty()) return {};
     std::vector<float> weights(n, 1.f);
     const auto& keys = slot->elements->keys();
+    if (slot->elements->holdsNumbers()) {
+        const std::vector<double>& numbers = slot->elements->numbers();
+        for (std::size_t k = 0; k < keys.size() && keys[k] < n; ++k)
+            weights[keys[k]] = static_cast<float>(numbers[k]);
+        return weights;
+    }
     for (std::size_t k = 0; k < keys.size() && keys[k] < n; ++k) {
         const Value& value = slot->elements->valueAt(k).value;
         if (valueIsNumeric(value)) weights[keys[k]] = static_cast<float>(valueAsDouble(value));
