@@ -90,4 +90,31 @@ TEST(SparseArray, BareNumbersActAsElements) {
     }
 }
 
+// Numbers written one by one stay bare while they append or overwrite; anything else is refused.
+TEST(SparseArray, WritesBareNumbersOnlyWhereTheyFit) {
+    struct Case {
+        const char* name;
+        uint32_t key;
+        bool written;
+    };
+    const Case cases[] = {
+        {"after the last", 12, true}, {"over one held", 5, true}, {"between two", 6, false}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        host::SparseArray<double> array;
+        ASSERT_TRUE(array.writeNumber(2, 0.25));
+        ASSERT_TRUE(array.writeNumber(5, 0.5));
+        ASSERT_TRUE(array.writeNumber(9, 0.75));
+        EXPECT_EQ(array.writeNumber(c.key, 4.0), c.written);
+        const double* found = array.findNumber(c.key);
+        EXPECT_EQ(found != nullptr && *found == 4.0, c.written);
+        EXPECT_EQ(array.findNumber(9) ? *array.findNumber(9) : -1.0, 0.75);
+        EXPECT_EQ(array.size(), c.key == 12 ? 4u : 3u);
+        // once an element is asked for, numbers go through elements
+        array.find(2);
+        EXPECT_FALSE(array.writeNumber(30, 1.0));
+        EXPECT_EQ(array.findNumber(2), nullptr);
+    }
+}
+
 } // namespace

@@ -174,17 +174,32 @@ Slot* Plug::locateForWrite() const {
     return s;
 }
 
+const double* Plug::bareNumber() const {
+    if (isNull() || !isElement()) return nullptr;
+    const Slot* s = array().slot();
+    return s && s->elements ? s->elements->findNumber(logicalIndex()) : nullptr;
+}
+
 Value Plug::value() const {
+    if (const double* number = bareNumber()) return *number;
     const Slot* s = slot();
     if (s && s->value.index() != 0) return s->value;
     return attr_ ? attr_->defaultValue : Value();
 }
 
+bool Plug::hasStoredValue() const {
+    return bareNumber() || slot();
+}
+
 bool Plug::setValue(Value v) const {
-    if (isArray() || isCompound()) return false;
-    Slot* s = slotForWrite();
-    if (!s) return false;
-    s->value = std::move(v);
+    if (isArray() || isCompound() || isNull() || !node_->alive() || !isComplete()) return false;
+    if (ChangeJournal* journal = recordingJournal()) journal->slotWrite(*this);
+    // A number written to an element of a multi of numbers is kept bare while the multi holds
+    // nothing else.
+    const double* number = std::get_if<double>(&v);
+    if (!number || !isElement() ||
+        !array().locateForWrite()->elementSlots().writeNumber(logicalIndex(), *number))
+        locateForWrite()->value = std::move(v);
     node_->touch();
     return true;
 }

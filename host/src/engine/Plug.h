@@ -51,7 +51,7 @@ public:
     bool overwriteNumbers(const double* values, std::size_t count) const;
     Value value() const;
     bool setValue(Value value) const; // false if the plug is not a complete leaf plug
-    bool hasStoredValue() const { return slot() != nullptr; }
+    bool hasStoredValue() const;
 
     // Multi elements (array plugs only).
     std::vector<uint32_t> existingIndices() const;
@@ -70,6 +70,8 @@ public:
 private:
     // The slot a write goes to, created as needed, without telling the undo journal.
     Slot* locateForWrite() const;
+    // The value of an element of a multi that holds its elements as bare numbers.
+    const double* bareNumber() const;
 
     NodePtr node_;
     const AttrSpec* attr_ = nullptr;

@@ -85,6 +85,31 @@ public:
     const std::vector<double>& numbers() const { return numbers_; }
     std::vector<double>& numbers() { return numbers_; }
 
+    // The bare number at `key`; null when the elements are not bare numbers or none is at `key`.
+    const double* findNumber(uint32_t key) const {
+        if (numbers_.empty()) return nullptr;
+        const std::size_t position = positionOf(key);
+        if (position == keys_.size() || keys_[position] != key) return nullptr;
+        lastFound_ = position;
+        return &numbers_[position];
+    }
+
+    // Writes a bare number at `key` when the elements are bare numbers, or there are none, and
+    // `key` is held or comes after the last; false, with nothing written, otherwise.
+    bool writeNumber(uint32_t key, double number) {
+        if (!values_.empty() || !pendingKeys_.empty()) return false;
+        if (keys_.empty() || key > keys_.back()) {
+            keys_.push_back(key);
+            numbers_.push_back(number);
+            return true;
+        }
+        const std::size_t position = positionOf(key);
+        if (keys_[position] != key) return false;
+        lastFound_ = position;
+        numbers_[position] = number;
+        return true;
+    }
+
     // Replaces every element by numbers at ascending, distinct keys (the caller's guarantee).
     void assignNumbers(std::vector<uint32_t> keys, std::vector<double> numbers) {
         clear();
