@@ -46,8 +46,11 @@ std::size_t connectionHash(const Connection& c) {
 
 class SceneTextWriter {
 public:
-    SceneTextWriter(const std::string& fileName, std::vector<std::string>& problems)
-        : scene_(scene()), store_(sceneFileStore()), fileName_(fileName), problems_(problems) {
+    // With a sink, the text goes to it node by node as it grows, so a large scene never sits whole in
+    // memory and one buffer serves every node; without one, run() returns it all.
+    SceneTextWriter(const std::string& fileName, std::vector<std::string>& problems,
+                    common::AtomicFile* sink = nullptr)
+        : scene_(scene()), store_(sceneFileStore()), fileName_(fileName), problems_(problems), sink_(sink) {
         indexKept();
     }
 
@@ -57,10 +60,19 @@ public:
         nodes();
         connections();
         out_ += "// End of " + fileName_ + "\n";
+        spill(0);
         return std::move(out_);
     }
 
 private:
+    static constexpr std::size_t kSpillSize = std::size_t(4) << 20;
+
+    void spill(std::size_t atLeast = kSpillSize) {
+        if (!sink_ || out_.size() < atLeast) return;
+        sink_->write(out_);
+        out_.clear();
+    }
+
     void indexKept() {
         for (std::size_t i = 0; i < store_.kept.size(); ++i) {
             const KeptStatement& k = store_.kept[i];
@@ -147,6 +159,7 @@ private:
             if (info && !info->uuid.empty()) out_ += "\trename -uid " + quoted(info->uuid) + ";\n";
             nodeBody(node);
             keptFor(afterNode_, *node);
+            spill();
         }
         for (std::size_t i : orphanNodes_) kept(i);
         for (const NodePtr& node : scene_.nodes()) {
@@ -158,6 +171,7 @@ private:
             nodeBody(node);
             if (out_.size() == bodyStart) out_.resize(start);
             keptFor(afterNode_, *node);
+            spill();
         }
     }
 
@@ -177,6 +191,7 @@ private:
                     written.insert(i).second)
                     kept(i);
             }
+            spill();
         }
         // Statements whose connection has gone close the list.
         for (std::size_t i = 0; i < store_.kept.size(); ++i)
@@ -187,6 +202,7 @@ private:
     const SceneFileStore& store_;
     std::string fileName_;
     std::vector<std::string>& problems_;
+    common::AtomicFile* sink_;
     std::string out_;
     std::unordered_map<const Node*, std::vector<std::size_t>> inNode_, afterNode_;
     std::vector<std::size_t> orphanNodes_;
@@ -200,8 +216,13 @@ std::string sceneText(const std::string& fileName, std::vector<std::string>& pro
 }
 
 bool saveScene(const std::string& path, std::string& error, std::vector<std::string>& problems) {
-    const std::string text = sceneText(baseName(path), problems);
-    return common::writeFileAtomically(path, text, error);
+    common::AtomicFile file;
+    if (!file.open(path, error)) {
+        sceneText(baseName(path), problems); // what could not be written is reported all the same
+        return false;
+    }
+    SceneTextWriter(baseName(path), problems, &file).run();
+    return file.commit(error);
 }
 
 } // namespace host

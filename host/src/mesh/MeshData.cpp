@@ -1,44 +1,74 @@
 #include "mesh/MeshData.h"
 
-#include <unordered_map>
+#include "core/mesh/PairOccurrences.h"
+
+#include <algorithm>
 
 namespace host {
 
 namespace {
 
-uint64_t pairKey(int a, int b) {
-    const auto lo = static_cast<uint32_t>(a < b ? a : b);
-    const auto hi = static_cast<uint32_t>(a < b ? b : a);
-    return (static_cast<uint64_t>(hi) << 32) | lo;
-}
-
 // Faces as signed references to the given edges (-i-1 for edge i walked backwards), so the
-// topology keeps the file's edge numbering.
+// topology keeps the file's edge numbering. Face sides are matched to edges by pairing them with
+// the edge list in one counting sort over vertices; a file whose vertex numbers lie outside the
+// mesh (damaged) has them renumbered densely first, so that it fails where the topology check says.
 std::string faceEdgeRefs(const std::vector<std::array<int, 2>>& edges, const std::vector<int>& faceCounts,
-                         const std::vector<int>& faceConnects, std::vector<int>& refs) {
-    std::unordered_map<uint64_t, int> index;
-    index.reserve(edges.size() * 2);
-    for (std::size_t i = 0; i < edges.size(); ++i)
-        index.emplace(pairKey(edges[i][0], edges[i][1]), static_cast<int>(i));
-    refs.clear();
-    refs.reserve(faceConnects.size());
-    std::size_t offset = 0;
-    for (int count : faceCounts) {
-        if (count < 0 || offset + static_cast<std::size_t>(count) > faceConnects.size())
-            return "Face list is truncated.";
-        for (int k = 0; k < count; ++k) {
-            const int a = faceConnects[offset + static_cast<std::size_t>(k)];
-            const int b = faceConnects[offset + static_cast<std::size_t>((k + 1) % count)];
-            auto it = index.find(pairKey(a, b));
-            if (it == index.end())
-                return "Face edge " + std::to_string(a) + "-" + std::to_string(b) +
-                       " is not in the edge list.";
-            refs.push_back(edges[static_cast<std::size_t>(it->second)][0] == a ? it->second
-                                                                               : -it->second - 1);
-        }
-        offset += static_cast<std::size_t>(count);
+                         const std::vector<int>& faceConnects, int numVertices, std::vector<int>& refs) {
+    // The faces before the first one that runs past the face list.
+    std::size_t complete = 0, sides = 0;
+    for (; complete < faceCounts.size(); ++complete) {
+        const int count = faceCounts[complete];
+        if (count < 0 || sides + static_cast<std::size_t>(count) > faceConnects.size()) break;
+        sides += static_cast<std::size_t>(count);
     }
-    return std::string();
+    auto outside = [numVertices](int v) { return v < 0 || v >= numVertices; };
+    std::vector<int> distinct;
+    if (std::any_of(edges.begin(), edges.end(),
+                    [&](const auto& e) { return outside(e[0]) || outside(e[1]); }) ||
+        std::any_of(faceConnects.begin(), faceConnects.begin() + static_cast<std::ptrdiff_t>(sides),
+                    outside)) {
+        distinct.assign(faceConnects.begin(), faceConnects.begin() + static_cast<std::ptrdiff_t>(sides));
+        for (const auto& e : edges) distinct.insert(distinct.end(), e.begin(), e.end());
+        std::sort(distinct.begin(), distinct.end());
+        distinct.erase(std::unique(distinct.begin(), distinct.end()), distinct.end());
+    }
+    auto key = [&distinct](int v) {
+        return distinct.empty() ? v
+                                : static_cast<int>(std::lower_bound(distinct.begin(), distinct.end(), v) -
+                                                   distinct.begin());
+    };
+    auto forEachSide = [&](auto&& visit) {
+        std::size_t offset = 0;
+        for (std::size_t f = 0; f < complete; ++f) {
+            const auto count = static_cast<std::size_t>(faceCounts[f]);
+            for (std::size_t k = 0; k < count; ++k)
+                visit(faceConnects[offset + k], faceConnects[offset + (k + 1) % count]);
+            offset += count;
+        }
+    };
+    std::vector<int> first;
+    core::firstPairOccurrences(
+        distinct.empty() ? numVertices : static_cast<int>(distinct.size()), edges.size() + sides,
+        [&](auto&& emit) {
+            for (const auto& e : edges) emit(key(e[0]), key(e[1]));
+            forEachSide([&](int a, int b) { emit(key(a), key(b)); });
+        },
+        first);
+    refs.clear();
+    refs.reserve(sides);
+    std::string missing;
+    std::size_t side = edges.size();
+    forEachSide([&](int a, int b) {
+        const int edge = first[side++];
+        if (!missing.empty()) return;
+        if (static_cast<std::size_t>(edge) >= edges.size())
+            missing =
+                "Face edge " + std::to_string(a) + "-" + std::to_string(b) + " is not in the edge list.";
+        else
+            refs.push_back(edges[static_cast<std::size_t>(edge)][0] == a ? edge : -edge - 1);
+    });
+    if (!missing.empty()) return missing;
+    return complete < faceCounts.size() ? "Face list is truncated." : std::string();
 }
 
 } // namespace
@@ -54,7 +84,7 @@ const MeshData::Cache& MeshData::cache() const {
                 edgeVertices.push_back(e[1]);
             }
             std::vector<int> refs;
-            cache->error = faceEdgeRefs(edges, faceCounts, faceConnects, refs);
+            cache->error = faceEdgeRefs(edges, faceCounts, faceConnects, numVertices(), refs);
             if (cache->error.empty())
                 cache->error = cache->topology.buildFromEdges(numVertices(), edgeVertices, faceCounts, refs);
         } else {
