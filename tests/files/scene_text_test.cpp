@@ -185,3 +185,20 @@ TEST_F(SceneTextTest, ColourSetsSurviveSavingAndOpening) {
 }
 
 } // namespace
+
+// Numbers a scene holds bare are written as the same statements as elements holding them, gaps in
+// the indices included.
+TEST_F(SceneTextTest, BareNumbersSaveAsElementsDo) {
+    ASSERT_TRUE(run("createNode blendShape -n bs; setAttr bs.w[0] 0.5; setAttr bs.w[1] 0.25; "
+                    "setAttr bs.w[3] 1; setAttr bs.w[7] 0.125"));
+    const std::string bare = save("bare.ma");
+    EXPECT_NE(
+        bare.find(
+            "\tsetAttr -s 4 \".w[0:1]\" 0.5 0.25;\n\tsetAttr \".w[3]\" 1;\n\tsetAttr \".w[7]\" 0.125;\n"),
+        std::string::npos)
+        << bare;
+    // Asking for an element builds them all.
+    const host::NodePtr node = host::scene().findNode("bs");
+    ASSERT_NE(host::resolveAttrPath(node, "w[3]", nullptr).slot(), nullptr);
+    EXPECT_EQ(save("bare.ma"), bare);
+}

@@ -129,6 +129,11 @@ private:
             weightRows(attr, elements, name);
             return;
         }
+        if (elements.holdsNumbers() && !isTuple(attr) && !attr.isCompound() &&
+            (attr.isNumeric() || attr.type == AttrType::Generic)) {
+            numberRuns(attr, elements, name);
+            return;
+        }
         std::vector<RunKey> keys(elements.size());
         std::size_t shared = 0;
         for (std::size_t p = 0; p < elements.size(); ++p) {
@@ -159,12 +164,25 @@ private:
         }
     }
 
-    // Elements [begin, end) of consecutive indices in one statement; `size` > 1 adds "-s size".
-    void runStatement(const AttrSpec& attr, const SparseArray<Slot>& elements, std::size_t begin,
-                      std::size_t end, const std::string& name, const RunKey& key, std::size_t size) {
-        const uint32_t first = elements.keyAt(begin);
+    // Bare numbers, all plain values: runs break only where indices do, as elements' runs would.
+    void numberRuns(const AttrSpec& attr, const SparseArray<Slot>& elements, const std::string& name) {
+        const std::vector<uint32_t>& keys = elements.keys();
+        const std::vector<double>& numbers = elements.numbers();
+        for (std::size_t p = 0; p < keys.size();) {
+            std::size_t end = p + 1;
+            while (end < keys.size() && keys[end] == keys[p] + (end - p)) ++end;
+            runHeader(keys[p], end - p, name, RunKey{true, "", 1}, p == 0 ? keys.size() : 0);
+            ValueList list(out_);
+            for (; p < end; ++p) appendValueText(attr, Value(numbers[p]), "", list);
+            out_ += ";\n";
+        }
+    }
+
+    // "setAttr" of `count` elements from index `first` up to its values.
+    void runHeader(uint32_t first, std::size_t count, const std::string& name, const RunKey& key,
+                   std::size_t size) {
         std::string path = name + "[" + std::to_string(first);
-        if (end - begin > 1) path += ":" + std::to_string(first + (end - begin - 1));
+        if (count > 1) path += ":" + std::to_string(first + (count - 1));
         path += "]";
         out_ += "\tsetAttr ";
         if (size > 1) {
@@ -172,9 +190,15 @@ private:
             appendInt(out_, static_cast<long long>(size));
             out_ += ' ';
         }
-        if (end - begin == 1) plugFlags(path);
+        if (count == 1) plugFlags(path);
         out_ += quoted("." + path);
         if (!key.typeWord.empty()) out_ += " -type " + quoted(key.typeWord);
+    }
+
+    // Elements [begin, end) of consecutive indices in one statement; `size` > 1 adds "-s size".
+    void runStatement(const AttrSpec& attr, const SparseArray<Slot>& elements, std::size_t begin,
+                      std::size_t end, const std::string& name, const RunKey& key, std::size_t size) {
+        runHeader(elements.keyAt(begin), end - begin, name, key, size);
         ValueList list(out_);
         for (std::size_t p = begin; p < end; ++p) {
             const Slot& element = elements.valueAt(p);
