@@ -90,14 +90,33 @@ def bent(co):
     return out
 
 
-def partners(co, grid=1e-4):
-    # Each vertex's mirror partner across x = 0 where one lies at the mirrored position (to `grid`);
-    # -1 where none does.
-    keys = np.round(co.astype(np.float64) / grid).astype(np.int64)
-    index = {tuple(k): i for i, k in enumerate(keys.tolist())}
-    mirrored = keys.copy()
-    mirrored[:, 0] = -mirrored[:, 0]
-    return np.array([index.get(tuple(k), -1) for k in mirrored.tolist()], dtype=np.int64)
+def partners(co, counts, loops, radius=1e-4):
+    # Each vertex's mirror partner across x = 0: the one vertex within `radius` of its mirrored position
+    # when the two find only each other so, on the shell that most of the vertex's shell finds its
+    # partners on; -1 otherwise. Positions cannot tell partners apart where vertices lie closer than
+    # `radius` (near the sphere's poles and seam, on the monkey's plane), nor where an overlapping shell
+    # of the not quite symmetric ICT head has a vertex at the mirror image of one that is not its mirror.
+    from mathutils import kdtree
+
+    tree = kdtree.KDTree(len(co))
+    for i, p in enumerate(co.tolist()):
+        tree.insert(p, i)
+    tree.balance()
+    found = np.full(len(co), -1, dtype=np.int64)
+    for i, (x, y, z) in enumerate(co.tolist()):
+        near = tree.find_range((-x, y, z), radius)
+        if len(near) == 1:
+            found[i] = near[0][1]
+    found[(found < 0) | (found[np.maximum(found, 0)] != np.arange(len(co)))] = -1
+    shellOf = shellLabels(len(co), counts, loops)
+    known = found >= 0
+    pairs, uses = np.unique(np.stack([shellOf[known], shellOf[found[known]]], axis=1), axis=0,
+                            return_counts=True)
+    order = np.argsort(uses, kind="stable")
+    mirrorShell = dict(zip(pairs[order, 0].tolist(), pairs[order, 1].tolist()))  # the most common wins
+    mirrorOf = np.array([mirrorShell.get(shell, -1) for shell in shellOf[known].tolist()], dtype=np.int64)
+    found[np.flatnonzero(known)[shellOf[found[known]] != mirrorOf]] = -1
+    return found
 
 
 def hashed(n, seed):
@@ -132,7 +151,8 @@ def cpuOf(fn):
     return time.process_time() - start
 
 
-def talvenRun(script):
+def talvenProcess(script):
+    # Runs the script; returns the child's CPU seconds and what it printed.
     path = os.path.join(WORK, "run.mel")
     log = os.path.join(WORK, "run.log")
     with open(path, "w") as f:
@@ -144,7 +164,18 @@ def talvenRun(script):
         text = f.read()
     if os.waitstatus_to_exitcode(status) != 0 or "// Error" in text:
         sys.exit("compare: talven failed on:\n%s\n%s" % (script[:2000], text[-2000:]))
-    return usage.ru_utime + usage.ru_stime
+    return usage.ru_utime + usage.ru_stime, text
+
+
+def talvenRun(script):
+    return talvenProcess(script)[0]
+
+
+def talvenVertexOrderMap(script):
+    # The vertex order map of `base` after the script, read back with getAttr.
+    text = talvenProcess(script + "getAttr baseShape.kvvom;\n")[1]
+    last = [line for line in text.splitlines() if line.startswith("// Result:")][-1]
+    return np.array(last[len("// Result:") : -len("//")].split(), dtype=np.int64)
 
 
 def talvenTime(setup, op):
@@ -197,6 +228,117 @@ def readDeltas(path, n):
     return out
 
 
+# ---- symmetry edges for the topology map --------------------------------------------------------
+# The mapping command pairs mirrored shells by position, which the bend defeats (one eye of a pair no
+# longer lies at the other's mirror image). A user then names symmetry edges with the mesh: an edge on
+# the plane for a shell symmetric in itself, and one edge on each of two mirrored shells, given to
+# -addToMap. The script finds them from the unbent mesh's mirror partners, untimed.
+
+
+def faceEdges(counts, loops):
+    # Every face corner's edge to the next corner of its face, as (vertex, next vertex).
+    starts = np.repeat(np.concatenate(([0], np.cumsum(counts)[:-1])), counts)
+    following = np.arange(1, len(loops) + 1)
+    wrap = following == starts + np.repeat(counts, counts)
+    following[wrap] = starts[wrap]
+    return loops.astype(np.int64), loops[following].astype(np.int64)
+
+
+def shellLabels(n, counts, loops):
+    # The shell of every vertex, named by its smallest vertex: union-find over the face edges, each
+    # round hooking the larger of two roots under the smaller and then flattening the trees.
+    a, b = faceEdges(counts, loops)
+    parent = np.arange(n)
+    while True:
+        ra, rb = parent[a], parent[b]
+        differ = ra != rb
+        if not differ.any():
+            return parent
+        np.minimum.at(parent, np.maximum(ra, rb)[differ], np.minimum(ra, rb)[differ])
+        while True:
+            up = parent[parent]
+            if np.array_equal(up, parent):
+                break
+            parent = up
+
+
+class Edges:
+    # The mesh's edges as Talven numbers them (in order of first use, walking the faces in order), each
+    # with its number of faces and its first two faces in ascending order.
+    def __init__(self, n, counts, loops):
+        a, b = faceEdges(counts, loops)
+        self.n = n
+        self.keys, first, inverse, self.uses = np.unique(np.minimum(a, b) * n + np.maximum(a, b),
+                                                         return_index=True, return_inverse=True,
+                                                         return_counts=True)
+        self.ids = np.empty(len(self.keys), dtype=np.int64)
+        self.ids[np.argsort(first)] = np.arange(len(self.keys))
+        faces = np.repeat(np.arange(len(counts)), counts)[np.argsort(inverse, kind="stable")]
+        begin = np.concatenate(([0], np.cumsum(self.uses)[:-1]))
+        self.face0 = faces[begin]
+        self.face1 = faces[np.minimum(begin + 1, len(faces) - 1)]
+        self.u, self.w = self.keys // n, self.keys % n
+
+    def find(self, u, w):
+        # Table positions of the edges (u, w); -1 where there is none.
+        keys = np.minimum(u, w) * self.n + np.maximum(u, w)
+        at = np.minimum(np.searchsorted(self.keys, keys), len(self.keys) - 1)
+        return np.where(self.keys[at] == keys, at, -1)
+
+
+def planeEdge(edges, shellOf, partner, shell):
+    # An edge of a shell symmetric in itself with both ends on the plane and a face on each side.
+    u, w = edges.u, edges.w
+    found = np.flatnonzero((edges.uses == 2) & (shellOf[u] == shell) & (partner[u] == u) & (partner[w] == w))
+    return [int(edges.ids[found[0]])] if found.size else []
+
+
+def mirroredEdges(edges, co, centres, shellOf, partner, shell, mirrorShell):
+    # An edge of `shell` and its mirror edge on `mirrorShell` for -addToMap. The command tells the two
+    # faces of each edge apart by x when the faces lie on either side of the edge along x, and x is
+    # what the bend leaves alone: the edge whose faces do so by the widest margin is taken.
+    u, w = edges.u, edges.w
+    on = np.flatnonzero((edges.uses == 2) & (shellOf[u] == shell) & (partner[u] >= 0) & (partner[w] >= 0))
+    mirror = edges.find(partner[u[on]], partner[w[on]])
+    keep = mirror >= 0
+    keep[keep] = (edges.uses[mirror[keep]] == 2) & (shellOf[edges.u[mirror[keep]]] == mirrorShell)
+    on, mirror = on[keep], mirror[keep]
+    middle = np.abs(co[u[on], 0].astype(np.float64) + co[w[on], 0]) / 2
+    near0 = np.abs(centres[edges.face0[on], 0]) - middle
+    near1 = np.abs(centres[edges.face1[on], 0]) - middle
+    margin = np.where((near0 < 0) != (near1 < 0), np.minimum(np.abs(near0), np.abs(near1)), -1.0)
+    if not on.size or margin.max() <= 0:
+        return []
+    best = int(np.argmax(margin))
+    return [int(edges.ids[on[best]]), int(edges.ids[mirror[best]])]
+
+
+def topologyMapCommands(co, counts, loops, objPath, partner):
+    # The mapping commands a user runs on the mesh: the plain command, with symmetry edges for the
+    # shells it leaves unmapped.
+    mapped = talvenVertexOrderMap("file -i %s;\nkv_polyMapVertexOrder -axis x base;\n" % quoted(objPath))
+    unmapped = np.flatnonzero((partner >= 0) & (mapped < 0))
+    if not unmapped.size:
+        return "kv_polyMapVertexOrder -axis x base;\n", "no symmetry edges needed"
+    shellOf = shellLabels(len(co), counts, loops)
+    edges = Edges(len(co), counts, loops)
+    starts = np.concatenate(([0], np.cumsum(counts)[:-1]))
+    centres = np.add.reduceat(co[loops].astype(np.float64), starts, axis=0) / counts[:, None]
+    selfEdges, pairCommands = [], []
+    shellPairs = np.sort(np.stack([shellOf[unmapped], shellOf[partner[unmapped]]], axis=1), axis=1)
+    for first, second in np.unique(shellPairs, axis=0):
+        if first == second:
+            selfEdges += planeEdge(edges, shellOf, partner, first)
+            continue
+        pair = mirroredEdges(edges, co, centres, shellOf, partner, first, second)
+        if pair:
+            pairCommands.append("kv_polyMapVertexOrder -atm -axis x base.e[%d] base.e[%d];\n" % tuple(pair))
+    objects = " ".join("base.e[%d]" % e for e in selfEdges) or "base"
+    note = "%d vertices left unmapped, symmetry edges for %d shells and %d shell pairs" % (
+        unmapped.size, len(selfEdges), len(pairCommands))
+    return "kv_polyMapVertexOrder -axis x %s;\n" % objects + "".join(pairCommands), note
+
+
 # ---- the operations ----------------------------------------------------------------------------
 
 rows = []
@@ -240,8 +382,12 @@ def weightMirror(label, co, counts, loops, objPath, partner, topology):
         f.write("".join("%d %.7f\n" % (i, w) for i, w in enumerate(weights.tolist())))
     setup = "file -i %s;\nblendShape -n bs base;\nkv_blendShapeEditWeights -im -fn %s bs;\n" % (
         quoted(objPath), quoted(weightFile))
-    op = ("kv_polyMapVertexOrder -axis x base;\nkv_blendShapeEditWeights -m -ob base -om base bs;\n"
-          if topology else "kv_blendShapeEditWeights -m -om base -tol %g bs;\n" % tolerance(label))
+    if topology:
+        mapping, note = topologyMapCommands(co, counts, loops, objPath, partner)
+        print("compare: %s, topology map: %s" % (label, note), flush=True)
+        op = mapping + "kv_blendShapeEditWeights -m -ob base -om base bs;\n"
+    else:
+        op = "kv_blendShapeEditWeights -m -om base -tol %g bs;\n" % tolerance(label)
     talven = talvenTime(setup, op)
     out = os.path.join(WORK, "mirrored.txt")
     talvenRun(setup + op + "kv_blendShapeEditWeights -ex -fn %s bs;\n" % quoted(out))
@@ -328,7 +474,7 @@ for label in MESHES:
     bentPath = os.path.join(WORK, label + "_bent.obj")
     writeObj(objPath, "base", co, counts, loops)
     writeObj(bentPath, "base", bent(co), counts, loops)
-    partner = partners(co)
+    partner = partners(co, counts, loops)
     print("compare: %s, mirror partner known for %d vertices" % (title, int(np.count_nonzero(partner >= 0))),
           flush=True)
     weightMirror(title, co, counts, loops, objPath, partner, topology=False)
