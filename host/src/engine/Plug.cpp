@@ -174,32 +174,50 @@ Slot* Plug::locateForWrite() const {
     return s;
 }
 
-const double* Plug::bareNumber() const {
-    if (isNull() || !isElement()) return nullptr;
-    const Slot* s = array().slot();
-    return s && s->elements ? s->elements->findNumber(logicalIndex()) : nullptr;
+namespace {
+
+// Where a plug's value is stored: a bare number of its multi, or a slot; neither when unset. An
+// element's value is in its multi's elements, so one walk to the multi finds either.
+struct Stored {
+    const double* number = nullptr;
+    const Slot* slot = nullptr;
+};
+
+Stored storedAt(const Plug& plug) {
+    if (plug.isNull() || !plug.isElement()) return {nullptr, plug.slot()};
+    const Slot* owner = plug.array().slot();
+    if (!owner || !owner->elements) return {};
+    if (const double* number = owner->elements->findNumber(plug.logicalIndex())) return {number, nullptr};
+    return {nullptr, owner->elements->find(plug.logicalIndex())};
 }
 
+} // namespace
+
 Value Plug::value() const {
-    if (const double* number = bareNumber()) return *number;
-    const Slot* s = slot();
-    if (s && s->value.index() != 0) return s->value;
+    const Stored stored = storedAt(*this);
+    if (stored.number) return *stored.number;
+    if (stored.slot && stored.slot->value.index() != 0) return stored.slot->value;
     return attr_ ? attr_->defaultValue : Value();
 }
 
 bool Plug::hasStoredValue() const {
-    return bareNumber() || slot();
+    const Stored stored = storedAt(*this);
+    return stored.number || stored.slot;
 }
 
 bool Plug::setValue(Value v) const {
     if (isArray() || isCompound() || isNull() || !node_->alive() || !isComplete()) return false;
     if (ChangeJournal* journal = recordingJournal()) journal->slotWrite(*this);
-    // A number written to an element of a multi of numbers is kept bare while the multi holds
-    // nothing else.
-    const double* number = std::get_if<double>(&v);
-    if (!number || !isElement() ||
-        !array().locateForWrite()->elementSlots().writeNumber(logicalIndex(), *number))
+    if (!isElement()) {
         locateForWrite()->value = std::move(v);
+    } else {
+        // A number written to an element of a multi of numbers is kept bare while the multi holds
+        // nothing else.
+        SparseArray<Slot>& elements = array().locateForWrite()->elementSlots();
+        const double* number = std::get_if<double>(&v);
+        if (!number || !elements.writeNumber(logicalIndex(), *number))
+            elements.obtain(logicalIndex()).value = std::move(v);
+    }
     node_->touch();
     return true;
 }

@@ -70,8 +70,6 @@ public:
 private:
     // The slot a write goes to, created as needed, without telling the undo journal.
     Slot* locateForWrite() const;
-    // The value of an element of a multi that holds its elements as bare numbers.
-    const double* bareNumber() const;
 
     NodePtr node_;
     const AttrSpec* attr_ = nullptr;

@@ -23,6 +23,8 @@ public:
     bool empty() const { return size() == 0; }
 
     T* find(uint32_t key) {
+        // A key that bare numbers lack needs no elements built to say so.
+        if (!numbers_.empty() && !findNumber(key)) return nullptr;
         expand();
         const std::size_t position = positionOf(key);
         if (position < keys_.size() && keys_[position] == key) {
